@@ -1,0 +1,20 @@
+# What every target of the project is compiled with. Link `project_options` privately.
+add_library(project_options INTERFACE)
+target_include_directories(project_options INTERFACE ${PROJECT_SOURCE_DIR})
+target_compile_options(project_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast -Wcast-qual -Wformat=2
+  -Wundef -Wextra-semi -Wsuggest-override -Wimplicit-fallthrough -Wduplicated-cond -Wlogical-op)
+target_compile_definitions(project_options INTERFACE $<$<CONFIG:Debug>:_GLIBCXX_ASSERTIONS>)
+
+if(WIN32)
+  # Windows 10 is the oldest system that the module supports.
+  target_compile_definitions(project_options INTERFACE UNICODE _UNICODE NOMINMAX _WIN32_WINNT=0x0A00 WINVER=0x0A00)
+endif()
+
+if(MODULE_CAMERA_SANITIZE STREQUAL "undefined-trap")
+  target_compile_options(project_options INTERFACE -fsanitize=undefined -fsanitize-undefined-trap-on-error)
+elseif(MODULE_CAMERA_SANITIZE)
+  target_compile_options(project_options INTERFACE -fsanitize=${MODULE_CAMERA_SANITIZE} -fno-omit-frame-pointer
+                         -fno-sanitize-recover=all)
+  target_link_options(project_options INTERFACE -fsanitize=${MODULE_CAMERA_SANITIZE})
+endif()
