@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstdint>
+
+/// The capturer's own status numbers. The status can also hold a failed HRESULT taken from a media buffer.
+using CaptureStatus = std::uint32_t;
+inline constexpr CaptureStatus CaptureOk = 0;
+inline constexpr CaptureStatus CaptureFailed = 1;
+inline constexpr CaptureStatus CaptureDeviceRemoved = 38;
+inline constexpr CaptureStatus CaptureTimedOut = 50;
+inline constexpr CaptureStatus CaptureNoFrameYet = 113;
+inline constexpr CaptureStatus CaptureCannotOpenDevice = 114;
+inline constexpr CaptureStatus CaptureInitFailed = 115;
+inline constexpr CaptureStatus CaptureNotRunning = 116;
+inline constexpr CaptureStatus CaptureAlreadyRunning = 117;
+
+/// The negotiated form of the frames: pixels of 4 bytes (blue, green, red, 0xFF), rows of `width` x 4 bytes.
+struct FrameFormat {
+  std::uint32_t width = 0;
+  std::uint32_t height = 0;
+  /// Whether the camera stores the rows from top to bottom.
+  bool topDown = false;
+};
+
+/// Reads pictures from one camera. All operations are called on the test's thread.
+class CameraFrameCapturer {
+ public:
+  virtual ~CameraFrameCapturer() = default;
+
+  /// Opens the camera and returns when it delivers. CaptureOk, CaptureCannotOpenDevice, CaptureInitFailed or
+  /// CaptureAlreadyRunning. `stop` must follow, whatever came back.
+  virtual CaptureStatus start() = 0;
+  /// Waits for a frame, busily, for at most `timeoutMs`. On CaptureOk `buffer` holds a copy that the caller frees with
+  /// delete[]; otherwise it is untouched. The same frame may be returned again until the next one arrives.
+  virtual CaptureStatus getFrame(std::uint8_t*& buffer, std::uint32_t timeoutMs) = 0;
+  /// Ends the capture and returns the status that was current; CaptureNotRunning when there is none.
+  virtual CaptureStatus stop() = 0;
+  /// 0, or 1 while not running; then `format` is untouched.
+  virtual int getFrameFormat(FrameFormat& format) = 0;
+};

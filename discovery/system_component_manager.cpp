@@ -1,0 +1,17 @@
+#include "discovery/system_component_manager.h"
+
+SystemComponentManager::SystemComponentManager(const ItemId& managerVersion) : version(managerVersion) {}
+
+SystemComponentManager::~SystemComponentManager() = default;
+
+ItemId SystemComponentManager::getVersion() {
+  return version;
+}
+
+std::size_t SystemComponentManager::getComponentCount() {
+  return components.size();
+}
+
+SystemComponent* SystemComponentManager::getComponent(std::uint32_t index) {
+  return index < components.size() ? components[index] : nullptr;
+}

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "module/module_interface.h"
+
+/// The camera module: its tests need the user.
+class CameraModuleInterface : public ModuleInterface {
+ public:
+  using ModuleInterface::ModuleInterface;
+  ~CameraModuleInterface() override = default;
+
+  bool isInteractive() override { return true; }
+};

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "module/resource.h"
+
+/// Names, descriptions, command-line words and help text of the camera module.
+class CameraResource : public Resource {
+ public:
+  explicit CameraResource(const ItemId& itemId);
+  ~CameraResource() override;
+
+  std::string diagnosticNameKey(const ItemId& itemId) override;
+  std::string testNameKey(const ItemId& itemId) override;
+  std::string diagnosticDescriptionKey(const ItemId& itemId) override;
+  std::string testDescriptionKey(const ItemId& itemId) override;
+
+ private:
+  // Part of the layout that hosts know; never filled.
+  std::map<ItemId, std::string> unusedTexts1;
+  std::map<ItemId, std::string> unusedTexts2;
+  std::map<ItemId, std::string> unusedTexts3;
+  std::map<ItemId, std::string> unusedTexts4;
+};
