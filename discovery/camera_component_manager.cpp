@@ -1,0 +1,46 @@
+#include "discovery/camera_component_manager.h"
+
+#include <memory>
+#include <stdexcept>
+
+#include "discovery/win_camera_component.h"
+#include "discovery/win_camera_scanner.h"
+
+namespace {
+
+/// The process has one scanner, made on first use.
+CameraScanner& cameraScanner() {
+  static WinCameraScanner scanner;
+  return scanner;
+}
+
+}  // namespace
+
+// Deliberate: the components are not destroyed with their manager. The host may hold one until the process ends.
+CameraComponentManager::~CameraComponentManager() = default;
+
+bool CameraComponentManager::hasComponents() {
+  return cameraScanner().hasCameras();
+}
+
+SystemComponent* CameraComponentManager::componentAt(std::uint32_t index) {
+  if (index < components.size()) return components[index];
+  // Deliberate: only the index just past the end is an exception, with the text that hosts know.
+  if (index == components.size()) throw std::out_of_range("invalid vector subscript");
+  return nullptr;
+}
+
+void CameraComponentManager::refresh() {
+  CameraScanner& scanner = cameraScanner();
+  if (scanner.scan() != 0) return;
+
+  for (const SystemComponent* component : components) delete component;
+  components.clear();
+
+  const std::vector<CameraInfo> cameras = scanner.getCameras();
+  for (std::uint32_t index = 0; index < cameras.size(); ++index) {
+    auto component = std::make_unique<WinCameraComponent>(cameras[index], index);
+    components.push_back(component.get());
+    component.release();
+  }
+}

