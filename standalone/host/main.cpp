@@ -1,0 +1,50 @@
+// module_host: loads the camera module as a diagnostics program does, finds the cameras and runs tests on them.
+
+#include <algorithm>
+#include <memory>
+#include <string_view>
+
+#include <QApplication>
+#include <QFont>
+#include <QStyleFactory>
+#include <QTranslator>
+
+#include "standalone/host/console.h"
+#include "standalone/host/diagnostics_program.h"
+#include "standalone/host/host_error.h"
+
+namespace {
+
+constexpr int kUsageExitCode = 2;
+
+// A program without windows must run without a display: this decides before Qt looks for one.
+bool wantsWindows(int argc, char** argv) {
+  return std::any_of(argv + 1, argv + argc, [](const char* word) { return std::string_view(word) == "--ui"; });
+}
+
+std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv) {
+  if (!wantsWindows(argc, argv)) {
+    return std::make_unique<QCoreApplication>(argc, argv);
+  }
+  auto application = std::make_unique<QApplication>(argc, argv);
+  QApplication::setQuitOnLastWindowClosed(false);
+  QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+  QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), 10));
+  return application;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const std::unique_ptr<QCoreApplication> application = makeApplication(argc, argv);
+  QTranslator translator;
+  if (translator.load(QStringLiteral(":/translations/module_host_en.qm"))) {
+    QCoreApplication::installTranslator(&translator);
+  }
+  try {
+    return runDiagnostics(QCoreApplication::arguments());
+  } catch (const HostError& error) {
+    printError(error.sentence());
+    return kUsageExitCode;
+  }
+}

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "module/host_services.h"
+
+/// Loads system libraries. Holds no state.
+class ModuleLoader : public ModuleService {
+ public:
+  /// `mode` has no meaning here: there is one way to load a library.
+  void* load(const char* fileName, int mode) override;
+  void unused3() override {}
+  void unload(void* library) override;
+};
