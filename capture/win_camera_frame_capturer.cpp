@@ -24,8 +24,8 @@ namespace {
 constexpr DWORD kFirstVideoStream = static_cast<DWORD>(MF_SOURCE_READER_FIRST_VIDEO_STREAM);
 constexpr ULONG kMediaFoundationVersion = 0x20070;
 constexpr int kWorkerPriority = 4;
-constexpr DWORD kEndOfReading =
-    MF_SOURCE_READERF_ENDOFSTREAM | MF_SOURCE_READERF_CURRENTMEDIATYPECHANGED | MF_SOURCE_READERF_ERROR;
+constexpr DWORD kEndOfReading = DWORD{MF_SOURCE_READERF_ENDOFSTREAM} | DWORD{MF_SOURCE_READERF_CURRENTMEDIATYPECHANGED} |
+                                DWORD{MF_SOURCE_READERF_ERROR};
 
 // COM and Media Foundation on the worker thread. Both are shut down at the end whether or not they came up: a worker
 // whose start-up failed ends by the same path as every other.

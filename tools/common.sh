@@ -53,3 +53,7 @@ wine_prefix() {
   recipe=$(cat "$project/tools/make_wine_prefix" | sha256sum | cut -c1-12)
   printf '%s/wine-%s' "$cache" "$recipe"
 }
+
+# The barcode decoder's source package, and the folder of its unpacked source.
+qzxing_version=3.3.0+dfsg-3
+qzxing_source() { printf '%s/qzxing-%s' "$cache" "${qzxing_version//[^0-9A-Za-z.]/_}"; }

@@ -78,7 +78,9 @@ class FakeThreadService : public ThreadService {
     if (thread) thread->join();
     ++fakeHostServices().threadsWaitedFor;
   }
-  void setPriority(std::uint64_t, int value) override { fakeHostServices().priorities.push_back(value); }
+  void setPriority(std::uint64_t, int value) override {
+    fakeHostServices().priorities.push_back(value);
+  }
 
   /// Joins what nobody waited for.
   void joinAll() {
@@ -144,7 +146,9 @@ std::unique_ptr<FakeHostServices>& state() {
 
 }  // namespace
 
-FakeHostServices& fakeHostServices() { return *state(); }
+FakeHostServices& fakeHostServices() {
+  return *state();
+}
 
 void resetFakeHostServices() {
   threadService().joinAll();
@@ -156,7 +160,9 @@ StringHandler* get_string_handler() {
   return &handler;
 }
 
-ThreadService* get_thread() { return &threadService(); }
+ThreadService* get_thread() {
+  return &threadService();
+}
 
 TimerService* get_timer() {
   static FakeTimerService timer;
@@ -168,4 +174,6 @@ ModuleService* get_module() {
   return &service;
 }
 
-const char* get_temporary_path() { return "/tmp"; }
+const char* get_temporary_path() {
+  return "/tmp";
+}

@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-/// The host's services as unit tests see them: threads are real, time passes only when a test or the code's own `sleep` and
-/// `now` move it, paths are normalised by folding case, and every call that matters is on record.
+/// The host's services as unit tests see them: threads are real, time passes only when a test or the code's own `sleep`
+/// and `now` move it, paths are normalised by folding case, and every call that matters is on record.
 struct FakeHostServices {
   /// The clock, in ticks of one millisecond.
   std::atomic<std::uint64_t> ticks{0};

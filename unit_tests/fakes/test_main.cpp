@@ -1,4 +1,5 @@
-// The main function of every test program: a Qt application, a crash that is seen as a failure, and no unexpected Qt warning.
+// The main function of every test program: a Qt application, a crash that is seen as a failure, and no unexpected Qt
+// warning.
 
 #include <QApplication>
 #include <QString>

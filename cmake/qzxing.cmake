@@ -1,0 +1,35 @@
+# The barcode decoder QZXing from Debian's source package, with every decoder that it has. Its own build file asks for Qt 5
+# by name, so it is compiled here. Always optimised, and without our warnings: it is not our code.
+if(NOT QZXING_SOURCE)
+  execute_process(COMMAND ${PROJECT_SOURCE_DIR}/tools/qzxing_source
+                  OUTPUT_VARIABLE qzxing_source OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+  set(QZXING_SOURCE ${qzxing_source} CACHE PATH "Source of QZXing")
+endif()
+if(NOT EXISTS ${QZXING_SOURCE}/src)
+  message(FATAL_ERROR "The source of QZXing is not in ${QZXING_SOURCE}; run tools/setup")
+endif()
+
+file(GLOB_RECURSE qzxing_sources ${QZXING_SOURCE}/src/zxing/*.cpp ${QZXING_SOURCE}/src/zxing/*.cc)
+list(FILTER qzxing_sources EXCLUDE REGEX "/win32/")
+set(qzxing_dir ${QZXING_SOURCE}/src)
+add_library(qzxing STATIC ${qzxing_sources}
+  ${qzxing_dir}/QZXing.cpp ${qzxing_dir}/QZXing.h
+  ${qzxing_dir}/ImageHandler.cpp ${qzxing_dir}/ImageHandler.h
+  ${qzxing_dir}/CameraImageWrapper.cpp ${qzxing_dir}/CameraImageWrapper.h)
+target_include_directories(qzxing SYSTEM PUBLIC ${qzxing_dir} ${qzxing_dir}/zxing)
+if(WIN32)
+  target_include_directories(qzxing SYSTEM PRIVATE ${qzxing_dir}/zxing/win32/zxing)
+endif()
+target_compile_definitions(qzxing
+  PUBLIC NO_ICONV DISABLE_LIBRARY_FEATURES
+         # Without one of these the default set of formats silently shrinks.
+         ENABLE_DECODER_1D_BARCODES ENABLE_DECODER_QR_CODE ENABLE_DECODER_DATA_MATRIX ENABLE_DECODER_AZTEC
+         ENABLE_DECODER_PDF17)
+target_compile_options(qzxing PRIVATE -w -O2)
+set_target_properties(qzxing PROPERTIES CXX_STANDARD 17 COMPILE_WARNING_AS_ERROR OFF)
+target_link_libraries(qzxing PUBLIC Qt6::Core Qt6::Gui)
+if(MODULE_CAMERA_SANITIZE STREQUAL "address,undefined" OR MODULE_CAMERA_SANITIZE STREQUAL "thread")
+  # Memory and races are checked in the decoder too; its own arithmetic is its own affair.
+  string(REPLACE ",undefined" "" qzxing_sanitize "${MODULE_CAMERA_SANITIZE}")
+  target_compile_options(qzxing PRIVATE -fsanitize=${qzxing_sanitize})
+endif()
