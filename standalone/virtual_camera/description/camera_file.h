@@ -1,0 +1,22 @@
+#pragma once
+
+#include <vector>
+
+#include <QByteArray>
+#include <QString>
+
+#include "standalone/virtual_camera/description/camera_description.h"
+
+/// A camera description file as read. Either `error` is empty, or it is one sentence that says what is wrong, where,
+/// and what is allowed, and there are no cameras.
+struct CameraFile {
+  std::vector<CameraDescription> cameras;
+  QString error;
+};
+
+/// Reads a camera description file (JSON).
+[[nodiscard]] CameraFile readCameraFile(const QString& path);
+
+/// Reads the text of a camera description. `path` is named in the error sentence, and relative picture files are looked
+/// for beside it.
+[[nodiscard]] CameraFile parseCameraFile(const QByteArray& json, const QString& path);

@@ -1,0 +1,133 @@
+#include "standalone/virtual_camera/planter/device_planter.h"
+
+#include <string>
+#include <system_error>
+#include <vector>
+
+#include <windows.h>
+
+#include "standalone/virtual_camera/description/camera_identity.h"
+#include "standalone/virtual_camera/planter/planted_description.h"
+#include "standalone/virtual_camera/planter/registry_key.h"
+
+namespace {
+
+// Driver keys are numbered within their setup class; Wine's own begin at 0.
+constexpr unsigned firstDriverNumber = 9000;
+
+const wchar_t* setupClassGuid(SetupClass setupClass) {
+  switch (setupClass) {
+    case SetupClass::Camera:
+      return L"{ca3e7ab9-b4c3-4ae6-8251-579ef933890f}";
+    case SetupClass::Image:
+      return L"{6bdd1fc6-810f-11d0-bec7-08002be2092f}";
+    case SetupClass::Media:
+      return L"{4d36e96c-e325-11ce-bfc1-08002be10318}";
+  }
+  return L"";
+}
+
+// One camera's keys below HKEY_LOCAL_MACHINE.
+struct DeviceKeys {
+  std::wstring instanceId;
+  std::wstring symbolicLink;
+  std::wstring driver;  // relative to the list of setup classes
+
+  std::wstring device;
+  std::wstring interfaceKey;
+  std::wstring driverKey;
+};
+
+DeviceKeys keysOf(const CameraDescription& camera, std::size_t position) {
+  const std::wstring control = L"SYSTEM\\CurrentControlSet\\Control\\";
+  const CameraIdentity identity = identityOf(camera, position);
+  DeviceKeys keys;
+  keys.instanceId = identity.instanceId.toStdWString();
+  keys.symbolicLink = identity.symbolicLink.toStdWString();
+  keys.driver = std::wstring(setupClassGuid(camera.setupClass)) + L'\\' + std::to_wstring(firstDriverNumber + position);
+  keys.device = L"SYSTEM\\CurrentControlSet\\Enum\\" + keys.instanceId;
+  keys.driverKey = control + L"Class\\" + keys.driver;
+  // A link \\?\usb#... has the key ##?#usb#...
+  keys.interfaceKey = control + L"DeviceClasses\\" + cameraInterfaceClass().toStdWString() + L"\\##?#" +
+                      keys.symbolicLink.substr(std::wstring(L"\\\\?\\").size());
+  return keys;
+}
+
+void setUnlessEmpty(RegistryKey& key, const wchar_t* name, const QString& text) {
+  if (!text.isEmpty()) key.setText(name, text.toStdWString());
+}
+
+void plant(const CameraDescription& camera, const DeviceKeys& keys) {
+  RegistryKey driver(keys.driverKey);
+  setUnlessEmpty(driver, L"DriverVersion", camera.driverVersion);
+
+  RegistryKey device(keys.device);
+  device.setText(L"ClassGUID", setupClassGuid(camera.setupClass));
+  device.setText(L"Driver", keys.driver);
+  // Always there: without it a reader turns to SetupDiGetDeviceInterfacePropertyW, which Wine does not have and which
+  // would end its process.
+  device.setText(L"FriendlyName", camera.name.toStdWString());
+  setUnlessEmpty(device, L"DeviceDesc", camera.description);
+  setUnlessEmpty(device, L"Mfg", camera.manufacturer);
+  if (!camera.hardwareId.isEmpty()) device.setTexts(L"HardwareID", {camera.hardwareId.toStdWString()});
+
+  RegistryKey(keys.interfaceKey).setText(L"DeviceInstance", keys.instanceId);
+  RegistryKey(keys.interfaceKey + L"\\#").setText(L"SymbolicLink", keys.symbolicLink);
+  // SetupAPI takes a linked interface for one that is present.
+  RegistryKey(keys.interfaceKey + L"\\#\\Control").setNumber(L"Linked", 1);
+}
+
+std::vector<std::wstring> recordedKeys() {
+  DWORD bytes = 0;
+  if (RegGetValueW(HKEY_LOCAL_MACHINE, plantRecordKey, plantRecordKeys, RRF_RT_REG_MULTI_SZ, nullptr, nullptr,
+                   &bytes) != ERROR_SUCCESS) {
+    return {};
+  }
+  std::vector<wchar_t> list(bytes / sizeof(wchar_t) + 2);
+  bytes = static_cast<DWORD>(list.size() * sizeof(wchar_t));
+  if (RegGetValueW(HKEY_LOCAL_MACHINE, plantRecordKey, plantRecordKeys, RRF_RT_REG_MULTI_SZ, nullptr, list.data(),
+                   &bytes) != ERROR_SUCCESS) {
+    return {};
+  }
+  std::vector<std::wstring> keys;
+  for (const wchar_t* key = list.data(); *key; key += keys.back().size() + 1) keys.emplace_back(key);
+  return keys;
+}
+
+QString deleteTree(const std::wstring& path) {
+  const LSTATUS status = RegDeleteTreeW(HKEY_LOCAL_MACHINE, path.c_str());
+  if (status == ERROR_SUCCESS || status == ERROR_FILE_NOT_FOUND) return {};
+  return QStringLiteral("The registry key HKLM\\%1 cannot be deleted: error %2.")
+      .arg(QString::fromStdWString(path))
+      .arg(status);
+}
+
+}  // namespace
+
+QString plantCameras(std::span<const CameraDescription> cameras, const QString& descriptionPath) {
+  if (const QString error = unplantCameras(); !error.isEmpty()) return error;
+  std::vector<DeviceKeys> devices;
+  std::vector<std::wstring> record;
+  for (std::size_t i = 0; i < cameras.size(); ++i) {
+    devices.push_back(keysOf(cameras[i], i));
+    record.insert(record.end(), {devices[i].device, devices[i].interfaceKey, devices[i].driverKey});
+  }
+  try {
+    // The record first: what is written after it can always be found and removed again.
+    RegistryKey recordKey(plantRecordKey);
+    recordKey.setTexts(plantRecordKeys, record);
+    for (std::size_t i = 0; i < cameras.size(); ++i) plant(cameras[i], devices[i]);
+    recordKey.setText(plantRecordDescription, descriptionPath.toStdWString());
+  } catch (const std::system_error& error) {
+    static_cast<void>(unplantCameras());
+    return QStringLiteral("The cameras cannot be planted: %1.").arg(QString::fromStdString(error.what()));
+  }
+  return {};
+}
+
+QString unplantCameras() {
+  for (const std::wstring& key : recordedKeys()) {
+    if (const QString error = deleteTree(key); !error.isEmpty()) return error;
+  }
+  return deleteTree(plantRecordKey);
+}

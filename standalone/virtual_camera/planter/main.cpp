@@ -1,0 +1,48 @@
+#include <cstdio>
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QStringList>
+
+#include "standalone/virtual_camera/description/camera_file.h"
+#include "standalone/virtual_camera/planter/device_planter.h"
+
+namespace {
+
+enum ExitCode { Done = 0, Failed = 1, BadUsage = 2 };
+
+constexpr const char* usage =
+    "Usage: virtual_camera plant FILE   plants the cameras that FILE (JSON) describes, in place of those planted "
+    "before\n"
+    "       virtual_camera unplant      removes the planted cameras\n"
+    "       virtual_camera --help       prints this text\n";
+
+int report(const QString& error, ExitCode code) {
+  if (error.isEmpty()) return Done;
+  std::fprintf(stderr, "%s\n", error.toUtf8().constData());
+  return code;
+}
+
+int plant(const QString& path) {
+  const CameraFile file = readCameraFile(path);
+  if (!file.error.isEmpty()) return report(file.error, Failed);
+  return report(plantCameras(file.cameras, QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath())), Failed);
+}
+
+}  // namespace
+
+int main(int argc, char* argv[]) {
+  const QCoreApplication application(argc, argv);
+  const QStringList arguments = QCoreApplication::arguments().mid(1);
+  if (arguments == QStringList{QStringLiteral("--help")}) {
+    std::fputs(usage, stdout);
+    return Done;
+  }
+  if (arguments == QStringList{QStringLiteral("unplant")}) return report(unplantCameras(), Failed);
+  if (arguments.size() == 2 && arguments.first() == QStringLiteral("plant")) return plant(arguments.last());
+  return report(
+      QStringLiteral("These arguments are not understood: \"%1\"; allowed are plant FILE, unplant and --help.")
+          .arg(arguments.join(QLatin1Char(' '))),
+      BadUsage);
+}

@@ -1,0 +1,39 @@
+#include "standalone/virtual_camera/planter/registry_key.h"
+
+#include <system_error>
+
+#include <QString>
+
+namespace {
+
+void check(LSTATUS status, const std::wstring& path) {
+  if (status == ERROR_SUCCESS) return;
+  throw std::system_error(static_cast<int>(status), std::system_category(),
+                          "the registry key HKLM\\" + QString::fromStdWString(path).toStdString());
+}
+
+}  // namespace
+
+RegistryKey::RegistryKey(const std::wstring& keyPath) : path(keyPath) {
+  check(RegCreateKeyExW(HKEY_LOCAL_MACHINE, path.c_str(), 0, nullptr, REG_OPTION_VOLATILE, KEY_WRITE, nullptr, &key,
+                        nullptr),
+        path);
+}
+
+void RegistryKey::setText(const wchar_t* name, const std::wstring& text) {
+  set(name, REG_SZ, text.c_str(), (text.size() + 1) * sizeof(wchar_t));
+}
+
+void RegistryKey::setTexts(const wchar_t* name, const std::vector<std::wstring>& texts) {
+  std::wstring list;
+  for (const std::wstring& text : texts) list += text + L'\0';
+  set(name, REG_MULTI_SZ, list.c_str(), (list.size() + 1) * sizeof(wchar_t));
+}
+
+void RegistryKey::setNumber(const wchar_t* name, DWORD number) {
+  set(name, REG_DWORD, &number, sizeof number);
+}
+
+void RegistryKey::set(const wchar_t* name, DWORD type, const void* data, std::size_t bytes) {
+  check(RegSetValueExW(key, name, 0, type, static_cast<const BYTE*>(data), static_cast<DWORD>(bytes)), path);
+}

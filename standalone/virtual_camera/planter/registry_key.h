@@ -1,0 +1,26 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include <windows.h>
+
+/// A volatile key below HKEY_LOCAL_MACHINE, made with all that leads to it where it is not there yet. It is gone when
+/// the system (or the last Wine program) ends. Every failure throws std::system_error that names the key.
+class RegistryKey {
+ public:
+  explicit RegistryKey(const std::wstring& path);
+  ~RegistryKey() { RegCloseKey(key); }
+  RegistryKey(const RegistryKey&) = delete;
+  RegistryKey& operator=(const RegistryKey&) = delete;
+
+  void setText(const wchar_t* name, const std::wstring& text);
+  void setTexts(const wchar_t* name, const std::vector<std::wstring>& texts);
+  void setNumber(const wchar_t* name, DWORD number);
+
+ private:
+  void set(const wchar_t* name, DWORD type, const void* data, std::size_t bytes);
+
+  std::wstring path;
+  HKEY key = nullptr;
+};
