@@ -1,0 +1,17 @@
+#include "ui/dialog_result.h"
+
+#include <QDialog>
+
+void StoreResult(QDialog& dialog, DialogResult* target, int answer) {
+  if (target != nullptr) target->store(answer, std::memory_order_relaxed);
+  dialog.setResult(answer);
+}
+
+void BringToFront(QDialog& dialog) {
+  dialog.setWindowFlags(dialog.windowFlags() | Qt::WindowStaysOnTopHint);
+  // Opened and hidden once: the window system takes a window to the front only as it appears.
+  dialog.open();
+  dialog.hide();
+  dialog.setWindowFlags(dialog.windowFlags() & ~Qt::WindowStaysOnTopHint);
+  dialog.show();
+}

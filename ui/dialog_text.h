@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QCoreApplication>
+#include <QString>
+
+#include <string>
+
+#include "module/keys/dialog_keys.h"
+
+/// The text of a key in the user's language.
+inline QString DialogText(const std::string& key) {
+  return QCoreApplication::translate(dialog_keys::kCamera.c_str(), key.c_str());
+}

@@ -1,0 +1,92 @@
+#include "utils/platform/monitor_dpi.h"
+
+#include <QGuiApplication>
+#include <QRect>
+#include <QScreen>
+
+#include <windows.h>
+
+#include <bit>
+#include <vector>
+
+#include "module/host_services.h"
+
+namespace vexa::utils::platform {
+namespace {
+
+/// A library that the host's module service loads and releases.
+class HostLibrary {
+ public:
+  explicit HostLibrary(const char* fileName) : library(get_module()->load(fileName, 1)) {}
+  ~HostLibrary() {
+    if (library != nullptr) get_module()->unload(library);
+  }
+  HostLibrary(const HostLibrary&) = delete;
+  HostLibrary& operator=(const HostLibrary&) = delete;
+
+  explicit operator bool() const { return library != nullptr; }
+
+  template <class Function>
+  Function find(const char* name) const {
+    return std::bit_cast<Function>(GetProcAddress(static_cast<HMODULE>(library), name));
+  }
+
+ private:
+  void* library;
+};
+
+// shcore.dll is looked up at run time, so its enumerations are passed as the integers that they are.
+using SetProcessDpiAwarenessFunction = HRESULT(WINAPI*)(int awareness);
+using GetDpiForMonitorFunction = HRESULT(WINAPI*)(HMONITOR monitor, int kind, UINT* x, UINT* y);
+constexpr int kPerMonitorAware = 2;
+constexpr int kEffectiveDpi = 0;
+
+BOOL CALLBACK appendMonitor(HMONITOR monitor, HDC, RECT*, LPARAM list) {
+  std::bit_cast<std::vector<HMONITOR>*>(list)->push_back(monitor);
+  return TRUE;
+}
+
+std::vector<HMONITOR> allMonitors() {
+  std::vector<HMONITOR> monitors;
+  EnumDisplayMonitors(nullptr, nullptr, &appendMonitor, std::bit_cast<LPARAM>(&monitors));
+  return monitors;
+}
+
+bool startsAt(HMONITOR monitor, QPoint position) {
+  MONITORINFO info{};
+  info.cbSize = sizeof(info);
+  return GetMonitorInfoW(monitor, &info) != 0 && info.rcMonitor.left == position.x() &&
+         info.rcMonitor.top == position.y();
+}
+
+HRESULT queryDpi(HMONITOR monitor, GetDpiForMonitorFunction getDpiForMonitor) {
+  if (monitor == nullptr || getDpiForMonitor == nullptr) return E_INVALIDARG;
+  UINT x = 0;
+  UINT y = 0;
+  const HRESULT status = getDpiForMonitor(monitor, kEffectiveDpi, &x, &y);
+  if (SUCCEEDED(status)) lastMonitorDpi = static_cast<std::int32_t>(x);
+  return status;
+}
+
+}  // namespace
+
+bool QueryMonitorDpi(int screenIndex) {
+  const HostLibrary shcore("shcore.dll");
+  if (!shcore) return false;
+
+  if (const auto setAwareness = shcore.find<SetProcessDpiAwarenessFunction>("SetProcessDpiAwareness")) {
+    // Refused when the host or its manifest has chosen already, which is as well.
+    setAwareness(kPerMonitorAware);
+  }
+  const auto getDpiForMonitor = shcore.find<GetDpiForMonitorFunction>("GetDpiForMonitor");
+
+  const QList<QScreen*> screens = QGuiApplication::screens();
+  if (screenIndex < 0 || screenIndex >= screens.size()) return false;
+  const QPoint position = screens[screenIndex]->geometry().topLeft();
+  for (const HMONITOR monitor : allMonitors()) {
+    if (startsAt(monitor, position)) return queryDpi(monitor, getDpiForMonitor) == S_OK;
+  }
+  return false;
+}
+
+}  // namespace vexa::utils::platform
