@@ -45,7 +45,8 @@ Console::Console(const TestRunner& runner, const std::vector<TestJob>& jobs) {
   connect(&runner, &TestRunner::progressed, this, [](int percent, const QString& text) {
     printLine(QStringLiteral("  %1 %  %2").arg(percent, 3).arg(text).trimmed().prepend(QStringLiteral("  ")));
   });
-  connect(&runner, &TestRunner::requested, this, [](const QString& what) { printLine(QStringLiteral("  ") + what); });
+  connect(&runner, &TestRunner::requested, this,
+          [](const QString& what) { printLine(QStringLiteral("  ") + what.simplified()); });
   connect(&runner, &TestRunner::messageAdded, this, [](const QString& key, const QString& text) {
     printLine(QStringLiteral("  message: %1 (%2)").arg(text, key));
   });

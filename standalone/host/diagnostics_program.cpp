@@ -113,7 +113,7 @@ std::unique_ptr<QFile> openReport(const QString& fileName) {
   }
   auto file = std::make_unique<QFile>(fileName);
   if (!file->open(QIODevice::WriteOnly | QIODevice::Truncate)) {
-    throw HostError(QStringLiteral("The report %1 could not be written: %2.").arg(fileName, file->errorString()));
+    throw HostError(QStringLiteral("The report %1 could not be written: %2").arg(fileName, file->errorString()));
   }
   return file;
 }
@@ -186,16 +186,13 @@ int runDiagnostics(const QStringList& arguments) {
   configureTests(module, line);
 
   const std::vector<SystemComponent*> cameras = findCameras(module);
-  if (line.list && cameras.empty()) {
+  const std::vector<TestJob> jobs = line.module.isEmpty() ? std::vector<TestJob>() : makeJobs(module, line, cameras);
+  const std::unique_ptr<QFile> reportFile = openReport(line.jsonFile);
+  if (cameras.empty()) {
     printLine(QStringLiteral("No camera was found."));
   }
   for (SystemComponent* camera : cameras) {
     printCamera(*camera);
   }
-  if (line.module.isEmpty()) {
-    return 0;
-  }
-  const std::vector<TestJob> jobs = makeJobs(module, line, cameras);
-  const std::unique_ptr<QFile> reportFile = openReport(line.jsonFile);
-  return runJobs(jobs, line, *module.getResource(), pictures, reportFile.get());
+  return jobs.empty() ? 0 : runJobs(jobs, line, *module.getResource(), pictures, reportFile.get());
 }

@@ -43,6 +43,7 @@ MainWindow::MainWindow() {
   messages->setWordWrap(true);
   layout->addWidget(messages, 1);
   verdict = addLabel(*layout, "host_verdict");
+  messages->setFocus();
   resize(kSize);
 }
 

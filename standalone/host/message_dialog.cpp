@@ -46,6 +46,8 @@ MessageDialog::MessageDialog(Kind kind, const QString& title, const QString& tex
     addButton(*row, tr("Cancel"), kUnanswered, false);
   }
   frame->body().addWidget(footer);
+  // Only now does the button have this window, whose focus it takes.
+  buttonFor(kind == Kind::Question ? InputRequest::kYes : InputRequest::kConfirmed)->setFocus();
 }
 
 QPushButton* MessageDialog::buttonFor(std::uint32_t answer) const {
@@ -69,7 +71,4 @@ void MessageDialog::addButton(QHBoxLayout& row, const QString& text, std::uint32
     accept();
   });
   row.addWidget(button);
-  if (isDefault) {
-    button->setFocus();
-  }
 }
