@@ -13,6 +13,7 @@
 #include "tests/plausible_value.h"
 #include "tests/test_steps.h"
 #include "ui/camera_barcode_widget_wrapper.h"
+#include "ui/dialog_result.h"
 #include "ui/input_request.h"
 
 using test_steps::report;
@@ -22,9 +23,6 @@ namespace {
 
 constexpr std::uint32_t kFramePauseMs = 5;
 constexpr unsigned long kRetryPauseMs = 5000;
-// Result codes of the barcode dialog.
-constexpr int kFailButtonPressed = 2;
-constexpr int kDialogClosed = 5;
 
 // No format bit: the decoder's default set, which is every format that it is compiled with.
 constexpr int kDefaultFormats = 0;
@@ -132,7 +130,7 @@ TestResult CameraBarcodeTest::decodeFrames(CameraFrameCapturer* capturer, const 
       QThread::msleep(kRetryPauseMs);
     }
     if (answer == kDialogClosed) return kTestCancelled;
-    if (answer == kFailButtonPressed) return kTestFailed;
+    if (answer == kFailedByUser) return kTestFailed;
   }
 }
 

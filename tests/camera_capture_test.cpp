@@ -15,6 +15,7 @@
 #include "tests/seconds.h"
 #include "tests/test_steps.h"
 #include "ui/camera_widget_wrapper.h"
+#include "ui/dialog_result.h"
 #include "ui/input_request.h"
 
 using test_steps::report;
@@ -24,8 +25,6 @@ namespace {
 
 constexpr std::uint32_t kDefaultTimeoutSeconds = 20;
 constexpr std::uint32_t kFramePauseMs = 30;
-// Result codes of the camera dialog.
-constexpr int kDialogClosed = 5;
 
 InputRequest messageRequest(const std::string& key, std::uint32_t kind, TestExecutionContext* context) {
   InputRequest request(dialog_keys::kCameraCaptureTest, key, 1, kind, 0);
