@@ -22,6 +22,16 @@ bool wantsWindows(int argc, char** argv) {
   return std::any_of(argv + 1, argv + argc, [](const char* word) { return std::string_view(word) == "--ui"; });
 }
 
+QtMessageHandler defaultMessageHandler = nullptr;
+
+// Wine lacks these two functions, and nothing depends on them: the user is not to read about them.
+void dropRemarksOfWine(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+  if (!text.contains(QLatin1String("SetProcessDpiAwareness")) &&
+      !text.contains(QLatin1String("EnableNonClientDpiScaling"))) {
+    defaultMessageHandler(type, context, text);
+  }
+}
+
 std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv) {
   if (!wantsWindows(argc, argv)) {
     return std::make_unique<QCoreApplication>(argc, argv);
@@ -36,6 +46,7 @@ std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  defaultMessageHandler = qInstallMessageHandler(&dropRemarksOfWine);
   const std::unique_ptr<QCoreApplication> application = makeApplication(argc, argv);
   QTranslator translator;
   if (translator.load(QStringLiteral(":/translations/module_host_en.qm"))) {

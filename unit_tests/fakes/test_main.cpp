@@ -32,8 +32,9 @@ LONG WINAPI endOnCrash(EXCEPTION_POINTERS* exception) {
 void failOnWarning(QtMsgType type, const QMessageLogContext&, const QString& text) {
   if (type == QtDebugMsg || type == QtInfoMsg) return;
   // The platform plug-ins' remarks about the machine are not the program's fault.
-  for (const char* remark : {"QStandardPaths:", "XDG_RUNTIME_DIR", "SetProcessDpiAwareness", "Unable to open default",
-                             "propagateSizeHints", "This plugin does not support"}) {
+  for (const char* remark :
+       {"QStandardPaths:", "XDG_RUNTIME_DIR", "SetProcessDpiAwareness", "EnableNonClientDpiScaling",
+        "Unable to open default", "propagateSizeHints", "This plugin does not support"}) {
     if (text.contains(QLatin1String(remark))) return;
   }
   ADD_FAILURE() << "Qt warned: " << text.toStdString();
