@@ -1,0 +1,291 @@
+#include "capture/win_camera_frame_capturer.h"
+
+#include <dbt.h>
+
+#include <cstring>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "discovery/camera_component.h"
+#include "unit_tests/capture/fake_reader.h"
+#include "unit_tests/fakes/com_object.h"
+#include "unit_tests/fakes/fake_host_services.h"
+
+using Microsoft::WRL::ComPtr;
+
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+constexpr char kPath[] = "\\\\?\\usb#VID_1#{E5323777}";
+constexpr HRESULT kInvalidated = static_cast<HRESULT>(0xC00D3EA2);
+
+class CameraWithPath : public CameraComponent {
+ public:
+  explicit CameraWithPath(const std::string& path) : CameraComponent(CameraInfo()) { info.devicePath = path; }
+  CameraFrameCapturer* getFrameCapturer() override { return nullptr; }
+};
+
+struct ReleaseReference {
+  void operator()(WinCameraFrameCapturer* capturer) const { capturer->Release(); }
+};
+using Capturer = std::unique_ptr<WinCameraFrameCapturer, ReleaseReference>;
+
+class WinCameraFrameCapturerTest : public testing::Test {
+ protected:
+  WinCameraFrameCapturerTest() {
+    resetFakeHostServices();
+    resetScriptedCapture();
+    // A wait that nothing ends is over after 5001 readings of the clock.
+    fakeHostServices().ticksPerReading = 1;
+    capturer = makeCapturer();
+  }
+  ~WinCameraFrameCapturerTest() override {
+    capturer->stop();
+    capturer.reset();
+    resetFakeHostServices();  // joins the worker of a start that failed
+    EXPECT_EQ(fakeComObjects, 0);
+    EXPECT_EQ(scriptedCapture().notifications, 0);
+    EXPECT_EQ(scriptedCapture().startUps, scriptedCapture().shutDowns);
+    EXPECT_EQ(FindWindowW(L"CameraCLASS", nullptr), nullptr);
+  }
+
+  Capturer makeCapturer() { return Capturer(new WinCameraFrameCapturer(&camera)); }
+
+  /// Starts the capture and waits for the first read.
+  void startReading() {
+    ASSERT_EQ(capturer->start(), CaptureOk);
+    while (scriptedCapture().reads == 0) Sleep(1);
+  }
+
+  void push(HRESULT hr, DWORD flags, const ComPtr<IMFSample>& sample) {
+    scriptedCapture().callback.load()->OnReadSample(hr, 0, flags, 0, sample.Get());
+  }
+  void push(const Bytes& bytes) { push(S_OK, 0, makeSample(bytes)); }
+
+  struct Frame {
+    CaptureStatus status;
+    Bytes bytes;
+    bool operator==(const Frame&) const = default;
+  };
+  /// The frame that the capturer returns, and its first `size` bytes.
+  Frame frame(std::size_t size = 8) {
+    std::uint8_t* buffer = nullptr;
+    Frame result{capturer->getFrame(buffer, 5000), {}};
+    if (buffer) result.bytes.assign(buffer, buffer + size);
+    delete[] buffer;
+    return result;
+  }
+
+  static void broadcast(WPARAM event, const std::wstring& name, DWORD type = DBT_DEVTYP_DEVICEINTERFACE) {
+    std::vector<std::uint8_t> memory(sizeof(DEV_BROADCAST_DEVICEINTERFACE_W) + name.size() * sizeof(wchar_t));
+    auto* payload = reinterpret_cast<DEV_BROADCAST_DEVICEINTERFACE_W*>(memory.data());
+    payload->dbcc_size = static_cast<DWORD>(memory.size());
+    payload->dbcc_devicetype = type;
+    std::memcpy(payload->dbcc_name, name.c_str(), (name.size() + 1) * sizeof(wchar_t));
+    SendMessageW(FindWindowW(L"CameraCLASS", L"CameraWindow"), WM_DEVICECHANGE, event,
+                 reinterpret_cast<LPARAM>(payload));
+  }
+
+  CameraWithPath camera{kPath};
+  Capturer capturer;
+};
+
+struct StartFailure {
+  std::string call;
+  CaptureStatus status;
+};
+
+class FailedStart : public WinCameraFrameCapturerTest, public testing::WithParamInterface<StartFailure> {};
+
+struct LastSample {
+  HRESULT readStatus;
+  DWORD flags;
+  CaptureStatus status;
+};
+
+class EndOfReading : public WinCameraFrameCapturerTest, public testing::WithParamInterface<LastSample> {};
+
+}  // namespace
+
+TEST_F(WinCameraFrameCapturerTest, NothingRunsBeforeTheStart) {
+  std::uint8_t* buffer = nullptr;
+  FrameFormat format{7, 7, true};
+  EXPECT_EQ(capturer->getFrame(buffer, 5000), CaptureNotRunning);
+  EXPECT_EQ(buffer, nullptr);
+  EXPECT_EQ(capturer->stop(), CaptureNotRunning);
+  EXPECT_EQ(capturer->getFrameFormat(format), 1);
+  EXPECT_EQ(format.width, 7u);
+}
+
+TEST_F(WinCameraFrameCapturerTest, StartsOnAThreadOfItsOwnAndDeliversOpaqueCopies) {
+  ASSERT_EQ(capturer->start(), CaptureOk);
+  EXPECT_EQ(fakeHostServices().lastThreadName, "WinCameraFrameCapturer");
+  EXPECT_EQ(fakeHostServices().priorities, std::vector<int>{4});
+  EXPECT_EQ(scriptedCapture().openedLink, L"\\\\?\\usb#VID_1#{E5323777}");
+  EXPECT_EQ(capturer->start(), CaptureAlreadyRunning);
+
+  FrameFormat format;
+  ASSERT_EQ(capturer->getFrameFormat(format), 0);
+  EXPECT_EQ(format.width, 2u);
+  EXPECT_EQ(format.height, 1u);
+  EXPECT_TRUE(format.topDown);
+
+  push({1, 2, 3, 0, 5, 6, 7, 9});
+  const Frame expected{CaptureOk, {1, 2, 3, 0xFF, 5, 6, 7, 0xFF}};
+  EXPECT_EQ(frame(), expected);
+  EXPECT_EQ(frame(), expected) << "the same frame again until the next one arrives";
+
+  EXPECT_EQ(capturer->stop(), CaptureOk);
+  EXPECT_EQ(fakeHostServices().threadsWaitedFor, 1);
+  EXPECT_EQ(scriptedCapture().cleanUp, (std::vector<std::string>{"notification", "reader", "media foundation"}));
+  EXPECT_EQ(capturer->stop(), CaptureNotRunning);
+
+  ASSERT_EQ(capturer->start(), CaptureOk) << "can be started again";
+  EXPECT_EQ(frame().status, CaptureTimedOut) << "without the frame of the run before";
+}
+
+TEST_F(WinCameraFrameCapturerTest, TheRowOrderFollowsTheStride) {
+  for (const auto& [present, stride, topDown] :
+       std::vector<std::tuple<bool, int, bool>>{{true, -8, false}, {true, 8, true}, {false, 0, true}}) {
+    scriptedCapture().hasStride = present;
+    scriptedCapture().stride = stride;
+    ASSERT_EQ(capturer->start(), CaptureOk);
+    FrameFormat format;
+    capturer->getFrameFormat(format);
+    EXPECT_EQ(format.topDown, topDown) << stride;
+    capturer->stop();
+  }
+}
+
+TEST_P(FailedStart, IsReportedAndLeavesNothingBehind) {
+  const std::string& call = GetParam().call;
+  scriptedCapture().failing = {call};
+  if (call == "subtype") scriptedCapture().subtype = MFVideoFormat_NV12;
+  if (call == "frame size") scriptedCapture().hasFrameSize = false;
+  if (call == "frame rate") scriptedCapture().hasFrameRate = false;
+  EXPECT_EQ(capturer->start(), GetParam().status);
+  EXPECT_EQ(frame().status, CaptureNotRunning);
+  EXPECT_EQ(capturer->stop(), CaptureNotRunning);
+  EXPECT_EQ(scriptedCapture().sourceShutdowns, call == "MFCreateSourceReaderFromMediaSource" ? 1 : 0);
+  EXPECT_EQ(scriptedCapture().reads, 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Calls, FailedStart,
+    testing::Values(StartFailure{"MFCreateDeviceSource", 114}, StartFailure{"MFCreateSourceReaderFromMediaSource", 115},
+                    StartFailure{"SetCurrentMediaType", 115}, StartFailure{"SetStreamSelection 1", 115},
+                    StartFailure{"SetStreamSelection 2", 115}, StartFailure{"GetCurrentMediaType", 115},
+                    StartFailure{"subtype", 115}, StartFailure{"frame size", 115}, StartFailure{"frame rate", 115},
+                    StartFailure{"RegisterDeviceNotification", 115}));
+
+TEST_F(WinCameraFrameCapturerTest, ASecondCapturerIsRefusedAndHarmsNothing) {
+  startReading();
+  IMFSourceReaderCallback* const first = scriptedCapture().callback;
+  const Capturer second = makeCapturer();
+  EXPECT_EQ(second->start(), CaptureInitFailed);
+  EXPECT_EQ(second->stop(), CaptureNotRunning);
+
+  first->OnReadSample(S_OK, 0, 0, 0, makeSample(Bytes(8, 3)).Get());
+  EXPECT_EQ(frame().status, CaptureOk);
+  broadcast(DBT_DEVICEREMOVECOMPLETE, L"\\\\?\\USB#vid_1#{e5323777}");
+  EXPECT_EQ(frame().status, CaptureDeviceRemoved);
+  while (scriptedCapture().shutDowns == 0) Sleep(1);
+}
+
+TEST_F(WinCameraFrameCapturerTest, AFirstReadThatFailsIsSeenByTheFirstWait) {
+  scriptedCapture().failing = {"ReadSample 1"};
+  EXPECT_EQ(capturer->start(), CaptureOk);
+  while (frame().status == CaptureTimedOut) continue;
+  EXPECT_EQ(frame().status, CaptureFailed);
+  EXPECT_EQ(capturer->stop(), CaptureFailed);
+}
+
+TEST_F(WinCameraFrameCapturerTest, ALaterReadThatFailsEndsTheCapture) {
+  startReading();
+  scriptedCapture().failing = {"ReadSample 2"};
+  push(Bytes(8, 1));
+  EXPECT_EQ(frame().status, CaptureFailed);
+}
+
+TEST_P(EndOfReading, KeepsItsStatusAndReadsNoMore) {
+  startReading();
+  push(GetParam().readStatus, GetParam().flags, makeSample(Bytes(8, 1)));
+  EXPECT_EQ(frame().status, GetParam().status);
+  EXPECT_EQ(frame().status, GetParam().status);
+  EXPECT_EQ(scriptedCapture().reads, 1);
+  EXPECT_EQ(capturer->stop(), GetParam().status);
+}
+
+INSTANTIATE_TEST_SUITE_P(Samples, EndOfReading,
+                         testing::Values(LastSample{kInvalidated, 0, CaptureDeviceRemoved},
+                                         LastSample{kInvalidated, MF_SOURCE_READERF_ERROR, CaptureDeviceRemoved},
+                                         LastSample{E_FAIL, 0, CaptureFailed},
+                                         LastSample{S_OK, MF_SOURCE_READERF_ENDOFSTREAM, CaptureFailed},
+                                         LastSample{S_OK, MF_SOURCE_READERF_CURRENTMEDIATYPECHANGED, CaptureFailed},
+                                         LastSample{S_OK, MF_SOURCE_READERF_ERROR, CaptureFailed}));
+
+TEST_F(WinCameraFrameCapturerTest, ATickMakesTheConsumerWaitForARealFrame) {
+  startReading();
+  push(Bytes(8, 1));
+  push(S_OK, MF_SOURCE_READERF_STREAMTICK, nullptr);
+  const std::uint64_t before = fakeHostServices().ticks;
+  EXPECT_EQ(frame().status, CaptureTimedOut);
+  EXPECT_GT(fakeHostServices().ticks - before, 5000u);
+  EXPECT_LT(fakeHostServices().ticks - before, 5010u);
+  EXPECT_EQ(scriptedCapture().reads, 3);
+}
+
+TEST_F(WinCameraFrameCapturerTest, FaultsOfABufferAreItsHresultButALockThatFailsShowsTheOldFrame) {
+  startReading();
+  push(Bytes(8, 4));
+  push(S_OK, 0, makeFaultySample(BufferFault::Lock));
+  EXPECT_EQ(frame(), (Frame{CaptureOk, {4, 4, 4, 0xFF, 4, 4, 4, 0xFF}}));
+  push(S_OK, 0, makeFaultySample(BufferFault::GetLength));
+  EXPECT_EQ(frame().status, static_cast<CaptureStatus>(MF_E_INVALIDREQUEST));
+  push(S_OK, 0, makeFaultySample(BufferFault::GetBuffer));
+  EXPECT_GT(frame().status, 0x80000000u);
+}
+
+TEST_F(WinCameraFrameCapturerTest, TheFrameBufferOnlyGrowsAndNeverFallsShortOfAPicture) {
+  startReading();
+  push(S_OK, 0, makeFaultySample(BufferFault::Lock));
+  EXPECT_EQ(frame(), (Frame{CaptureOk, Bytes(8, 0xFF)})) << "no frame ever came";
+  push({1, 1, 1, 1});
+  EXPECT_EQ(frame(), (Frame{CaptureOk, {1, 1, 1, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF}}));
+  push(Bytes(16, 2));
+  push(Bytes(8, 3));
+  EXPECT_EQ(frame(16), (Frame{CaptureOk, {3, 3, 3, 0xFF, 3, 3, 3, 0xFF, 2, 2, 2, 0xFF, 2, 2, 2, 0xFF}}));
+}
+
+TEST_F(WinCameraFrameCapturerTest, OnlyTheRemovalOfThisCameraEndsTheCapture) {
+  startReading();
+  push(Bytes(8, 1));
+  const std::wstring own = L"\\\\?\\USB#vid_1#{e5323777}";
+  broadcast(DBT_DEVICEREMOVECOMPLETE, L"\\\\?\\USB#vid_2#{e5323777}");
+  broadcast(DBT_DEVICEREMOVECOMPLETE, own, DBT_DEVTYP_PORT);
+  broadcast(DBT_DEVICEARRIVAL, own);
+  SendMessageW(FindWindowW(L"CameraCLASS", nullptr), WM_DEVICECHANGE, DBT_DEVICEREMOVECOMPLETE, 0);
+  EXPECT_EQ(frame().status, CaptureOk);
+
+  broadcast(DBT_DEVICEREMOVEPENDING, own);
+  EXPECT_EQ(frame().status, CaptureDeviceRemoved);
+  push(Bytes(8, 1));
+  EXPECT_EQ(frame().status, CaptureDeviceRemoved) << "a late sample brings no camera back";
+  EXPECT_EQ(scriptedCapture().reads, 2);
+}
+
+TEST_F(WinCameraFrameCapturerTest, IsACallbackThatLivesByItsReferences) {
+  ComPtr<IMFSourceReaderCallback> callback;
+  EXPECT_EQ(capturer->QueryInterface(IID_PPV_ARGS(&callback)), S_OK);
+  ComPtr<IUnknown> unknown;
+  EXPECT_EQ(callback.As(&unknown), S_OK);
+  ComPtr<IMFSample> other;
+  EXPECT_EQ(capturer->QueryInterface(IID_PPV_ARGS(&other)), E_NOINTERFACE);
+  EXPECT_EQ(capturer->AddRef(), 4u);
+  EXPECT_EQ(capturer->Release(), 3u);
+  EXPECT_EQ(callback->OnFlush(0), S_OK);
+  EXPECT_EQ(callback->OnEvent(0, nullptr), S_OK);
+}

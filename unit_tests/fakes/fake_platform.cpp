@@ -1,0 +1,124 @@
+#include "unit_tests/fakes/fake_platform.h"
+
+#include <QAbstractEventDispatcher>
+#include <QLibrary>
+
+#include "utils/event_filters/high_contrast_event_filter.h"
+#include "utils/platform/monitor_dpi.h"
+#include "utils/platform/narrator.h"
+
+#ifdef _WIN32
+#include <windows.h>
+
+#include <bit>
+#include <string_view>
+#endif
+
+FakePlatform& fakePlatform() {
+  static FakePlatform platform;
+  return platform;
+}
+
+QColor fakeSystemColor(int number) {
+  const int part = fakePlatform().shade + number;
+  // Three different parts, so that exchanged ones show.
+  return QColor(part, part + 40, part + 80);
+}
+
+#ifdef _WIN32
+
+// The functions that the test program imports from Windows are pointers of these names. Qt's own DLLs keep the real
+// ones.
+
+namespace {
+
+template <class Function>
+Function realFunction(const char* library, const char* name) {
+  return std::bit_cast<Function>(QLibrary::resolve(QLatin1String(library), name));
+}
+
+BOOL WINAPI systemParameters(UINT action, UINT size, void* value, UINT flags) {
+  if (action == SPI_GETSCREENREADER) {
+    *static_cast<BOOL*>(value) = fakePlatform().narratorRuns ? TRUE : FALSE;
+    return TRUE;
+  }
+  if (action == SPI_GETHIGHCONTRAST) {
+    auto* const info = static_cast<HIGHCONTRASTW*>(value);
+    if (size != 16 || info->cbSize != 16) return FALSE;
+    // All other bits are noise.
+    info->dwFlags = fakePlatform().highContrast ? ~DWORD{0} : ~DWORD{HCF_HIGHCONTRASTON};
+    return TRUE;
+  }
+  return realFunction<decltype(&SystemParametersInfoW)>("user32", "SystemParametersInfoW")(action, size, value, flags);
+}
+
+DWORD WINAPI systemColor(int number) {
+  const QColor color = fakeSystemColor(number);
+  return RGB(color.red(), color.green(), color.blue());
+}
+
+HRESULT WINAPI monitorDpi(HMONITOR, int, UINT* x, UINT* y) {
+  if (fakePlatform().monitorDpi == 0) return E_FAIL;
+  *x = static_cast<UINT>(fakePlatform().monitorDpi);
+  *y = 1;
+  return S_OK;
+}
+
+FARPROC WINAPI procedure(HMODULE library, const char* name) {
+  if (std::string_view(name) == "GetDpiForMonitor") return std::bit_cast<FARPROC>(&monitorDpi);
+  return realFunction<decltype(&GetProcAddress)>("kernel32", "GetProcAddress")(library, name);
+}
+
+}  // namespace
+
+extern "C" {
+decltype(&SystemParametersInfoW) __imp_SystemParametersInfoW = &systemParameters;
+decltype(&GetSysColor) __imp_GetSysColor = &systemColor;
+decltype(&GetProcAddress) __imp_GetProcAddress = &procedure;
+}
+
+bool sendNativeMessage(const QByteArray& eventType, std::uint32_t number) {
+  MSG message{};
+  message.message = number;
+  qintptr result = 0;
+  return QAbstractEventDispatcher::instance()->filterNativeEvent(eventType, &message, &result);
+}
+
+#else
+
+bool vexa::utils::platform::IsNarratorRunning() {
+  return fakePlatform().narratorRuns;
+}
+
+bool vexa::utils::platform::QueryMonitorDpi(int) {
+  if (fakePlatform().monitorDpi == 0) return false;
+  lastMonitorDpi = fakePlatform().monitorDpi;
+  return true;
+}
+
+namespace vexa::utils::event_filters {
+
+std::uint32_t HighContrastEventFilter::messageNumber(const void* message) {
+  return *static_cast<const std::uint32_t*>(message);
+}
+
+bool HighContrastEventFilter::IsHighContrastOn() const {
+  return fakePlatform().highContrast;
+}
+
+QList<QColor> HighContrastEventFilter::ReadSystemColors() const {
+  QList<QColor> colors;
+  for (int number = 0; number <= 30; ++number) {
+    if (number != 25) colors.append(fakeSystemColor(number));
+  }
+  return colors;
+}
+
+}  // namespace vexa::utils::event_filters
+
+bool sendNativeMessage(const QByteArray& eventType, std::uint32_t number) {
+  qintptr result = 0;
+  return QAbstractEventDispatcher::instance()->filterNativeEvent(eventType, &number, &result);
+}
+
+#endif

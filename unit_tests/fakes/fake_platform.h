@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QByteArray>
+#include <QColor>
+#include <QList>
+
+#include <cstdint>
+
+/// What Windows tells the dialogs about the user, as the tests script it. On Windows the product's own code asks, and
+/// the system functions that it calls answer this; elsewhere the product's functions themselves do.
+struct FakePlatform {
+  bool narratorRuns = false;
+  bool highContrast = false;
+  /// Effective dots per inch of every monitor; 0 lets the query fail.
+  std::int32_t monitorDpi = 0;
+  /// What all system colours are made of: the colour numbered k is shade + k in each part.
+  int shade = 0;
+};
+
+/// The one scripted platform; reset it at the start of a test.
+FakePlatform& fakePlatform();
+
+/// The colour that the system has at place `number`.
+QColor fakeSystemColor(int number);
+
+/// Sends a native message through the application's filters, as Qt's event dispatcher does; whether one took it.
+bool sendNativeMessage(const QByteArray& eventType, std::uint32_t number);
