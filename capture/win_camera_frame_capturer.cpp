@@ -116,6 +116,8 @@ CaptureStatus WinCameraFrameCapturer::start() {
     ready = 0;
     status = CaptureNoFrameYet;
 
+    // The worker's own reference: after a start-up that failed it still cleans up when its component may be gone.
+    AddRef();
     ThreadService* threads = get_thread();
     threads->create(&thread, 0, runWorker, this, "WinCameraFrameCapturer");
     threadId = threads->lastThreadId;

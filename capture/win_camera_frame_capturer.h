@@ -43,7 +43,7 @@ class WinCameraFrameCapturer : public CameraFrameCapturer, public IMFSourceReade
   void onDeviceRemoved(std::string path);
 
  private:
-  static void runWorker(void* capturer);
+  static void runWorker(void* argument);
   void work();
   [[nodiscard]] CaptureStatus open();
   [[nodiscard]] HRESULT readNext();
