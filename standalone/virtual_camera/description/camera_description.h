@@ -48,7 +48,7 @@ struct Fault {
   FaultKind kind = FaultKind::NoOpen;
   double at = 0;                                              ///< seconds since the camera was started
   double duration = std::numeric_limits<double>::infinity();  ///< seconds; of a stall
-  QSize size;                                                 ///< of a size change
+  QSize size = {};                                            ///< of a size change
 
   bool operator==(const Fault&) const = default;
 };

@@ -154,7 +154,7 @@ QString sentence(const QString& path, const QString& text) {
 CameraFile readCameraFile(const QString& path) {
   QFile file(path);
   if (!file.open(QIODevice::ReadOnly)) {
-    return {{}, sentence(path, QStringLiteral("the file cannot be read (%1)").arg(file.errorString()))};
+    return {{}, sentence(path, QStringLiteral("the file cannot be read"))};
   }
   return parseCameraFile(file.readAll(), path);
 }

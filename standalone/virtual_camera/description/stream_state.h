@@ -15,7 +15,7 @@ struct StreamState {
   FaultKind cause = FaultKind::Error;  ///< of `Failing`
   int ticks = 0;                       ///< how many stream ticks fell due up to now
   bool removed = false;                ///< the removal is to be broadcast
-  std::optional<QSize> size;           ///< set once the frame size changed
+  std::optional<QSize> size = {};      ///< set once the frame size changed
 
   bool operator==(const StreamState&) const = default;
 };

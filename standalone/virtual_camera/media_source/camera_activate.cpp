@@ -7,8 +7,7 @@
 using Microsoft::WRL::ComPtr;
 
 HRESULT CameraActivate::create(const CameraDescription& camera, const QString& symbolicLink, IMFActivate** activate) {
-  ComPtr<CameraActivate> made;
-  made.Attach(new CameraActivate());
+  ComPtr<CameraActivate> made(new CameraActivate());
   if (FAILED(made->storeStatus)) return made->storeStatus;
   made->SetGUID(MF_DEVSOURCE_ATTRIBUTE_SOURCE_TYPE, MF_DEVSOURCE_ATTRIBUTE_SOURCE_TYPE_VIDCAP_GUID);
   made->SetString(MF_DEVSOURCE_ATTRIBUTE_FRIENDLY_NAME, camera.name.toStdWString().c_str());

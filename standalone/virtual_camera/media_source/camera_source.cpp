@@ -37,8 +37,7 @@ bool isPosition(const PROPVARIANT* position) {
 }  // namespace
 
 HRESULT CameraSource::create(const CameraDescription& camera, const QString& symbolicLink, IMFMediaSource** source) {
-  ComPtr<CameraSource> made;
-  made.Attach(new CameraSource(camera, symbolicLink));
+  ComPtr<CameraSource> made(new CameraSource(camera, symbolicLink));
   const HRESULT status = made->initialise();
   if (FAILED(status)) return status;
   *source = made.Detach();

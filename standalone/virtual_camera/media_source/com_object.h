@@ -4,8 +4,8 @@
 
 #include <unknwn.h>
 
-/// IUnknown over a class with one chain of base interfaces. Answers IUnknown and `Interfaces`. Born with one reference;
-/// the last Release deletes it.
+/// IUnknown over a class with one chain of base interfaces. Answers IUnknown and `Interfaces`. Born without a reference,
+/// for a ComPtr to take the first; the last Release deletes it.
 template <class Base, class... Interfaces>
 class ComObject : public Base {
  public:
@@ -32,5 +32,5 @@ class ComObject : public Base {
   virtual ~ComObject() = default;
 
  private:
-  std::atomic<ULONG> references = 1;
+  std::atomic<ULONG> references = 0;
 };

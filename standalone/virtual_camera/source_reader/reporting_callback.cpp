@@ -27,8 +27,7 @@ HRESULT withReportingCallback(IMFAttributes* attributes, IMFAttributes** result)
   if (FAILED(status)) return status;
   status = attributes->CopyAllItems(copy.Get());
   if (FAILED(status)) return status;
-  ComPtr<IMFSourceReaderCallback> reporting;
-  reporting.Attach(new ReportingCallback(program.Get()));
+  const ComPtr<ReportingCallback> reporting(new ReportingCallback(program.Get()));
   status = copy->SetUnknown(MF_SOURCE_READER_ASYNC_CALLBACK, reporting.Get());
   if (FAILED(status)) return status;
   *result = copy.Detach();

@@ -1,0 +1,141 @@
+#include "standalone/virtual_camera/description/camera_file.h"
+
+#include <QFile>
+#include <QImage>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+// A file with one camera: the required keys and what a test adds.
+QByteArray oneCamera(const QByteArray& more) {
+  return R"({"cameras":[{"name":"A","connection":"usb","width":640,"height":480)" + more + "}]}";
+}
+
+TEST(CameraFile, TheDefaultFileDescribesOneUsbAndOneDisplayCamera) {
+  const CameraFile file = readCameraFile(QStringLiteral(CAMERA_FOLDER "/cameras.json"));
+  EXPECT_EQ(file.error.toStdString(), "");
+  ASSERT_EQ(file.cameras.size(), 2U);
+  EXPECT_EQ(file.cameras[0].name, QStringLiteral("Meridian HD Webcam"));
+  EXPECT_EQ(file.cameras[0].connection, Connection::Usb);
+  EXPECT_EQ(file.cameras[0].size, QSize(1280, 720));
+  EXPECT_EQ(file.cameras[1].name, QStringLiteral("Integrated Camera"));
+  EXPECT_EQ(file.cameras[1].connection, Connection::Display);
+  EXPECT_EQ(file.cameras[1].size, QSize(640, 480));
+}
+
+TEST(CameraFile, MissingKeysHaveTheirDefaults) {
+  const CameraFile file = parseCameraFile(oneCamera(""), QStringLiteral("cameras.json"));
+  EXPECT_EQ(file.error.toStdString(), "");
+  CameraDescription expected;
+  expected.name = QStringLiteral("A");
+  expected.size = QSize(640, 480);
+  EXPECT_EQ(file.cameras, std::vector{expected});
+}
+
+TEST(CameraFile, EveryKeyIsRead) {
+  const QTemporaryDir folder;
+  ASSERT_TRUE(QImage(2, 2, QImage::Format_RGB32).save(folder.filePath(QStringLiteral("p.png"))));
+  const CameraFile file = parseCameraFile(
+      R"({"cameras":[{"name":"B","manufacturer":"M","description":"D","connection":"display","hardwareId":"H\\I",
+      "driverVersion":"1.2","setupClass":"media","width":64,"height":4096,"framesPerSecond":29.97,"stride":"negative",
+      "picture":{"kind":"image","file":"p.png"},
+      "faults":[{"kind":"size-change","at":3,"width":320,"height":240},{"kind":"stall","at":1.5,"seconds":0.5},
+                {"kind":"no-open"},{"kind":"removed","at":9}]}]})",
+      folder.filePath(QStringLiteral("cameras.json")));
+  EXPECT_EQ(file.error.toStdString(), "");
+  CameraDescription expected;
+  expected.name = QStringLiteral("B");
+  expected.manufacturer = QStringLiteral("M");
+  expected.description = QStringLiteral("D");
+  expected.connection = Connection::Display;
+  expected.hardwareId = QStringLiteral("H\\I");
+  expected.driverVersion = QStringLiteral("1.2");
+  expected.setupClass = SetupClass::Media;
+  expected.size = QSize(64, 4096);
+  expected.framesPerSecond = 29.97;
+  expected.stride = Stride::Negative;
+  expected.picture = ImageFilePicture{folder.filePath(QStringLiteral("p.png"))};
+  Fault stall{FaultKind::Stall, 1.5};
+  stall.duration = 0.5;
+  Fault sizeChange{FaultKind::SizeChange, 3};
+  sizeChange.size = QSize(320, 240);
+  expected.faults = {{FaultKind::NoOpen}, stall, sizeChange, {FaultKind::Removed, 9}};
+  EXPECT_EQ(file.cameras, std::vector{expected});
+}
+
+TEST(CameraFile, AFileThatIsNotThereIsNamed) {
+  EXPECT_EQ(readCameraFile(QStringLiteral("nowhere.json")).error.toStdString(),
+            "nowhere.json: the file cannot be read.");
+}
+
+TEST(CameraFile, APictureFileThatIsNoImageIsRefused) {
+  const QTemporaryDir folder;
+  QFile text(folder.filePath(QStringLiteral("text.png")));
+  ASSERT_TRUE(text.open(QIODevice::WriteOnly));
+  text.write("no image");
+  text.close();
+  const QString error = parseCameraFile(oneCamera(R"(,"picture":{"kind":"image","file":"text.png"})"),
+                                        folder.filePath(QStringLiteral("cameras.json")))
+                            .error;
+  EXPECT_TRUE(error.contains(QStringLiteral("cameras[0].picture.file names the file"))) << error.toStdString();
+  EXPECT_TRUE(error.contains(QStringLiteral("which is not an image in one of the formats"))) << error.toStdString();
+}
+
+struct BadFile {
+  QByteArray json;
+  const char* error;
+};
+
+class BadCameraFile : public testing::TestWithParam<BadFile> {};
+
+TEST_P(BadCameraFile, IsRefusedWithOneSentence) {
+  const CameraFile file = parseCameraFile(GetParam().json, QStringLiteral("c.json"));
+  EXPECT_EQ(file.error.toStdString(), "c.json: " + std::string(GetParam().error) + ".");
+  EXPECT_TRUE(file.cameras.empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , BadCameraFile,
+    testing::Values(
+        BadFile{"{\n  \"cameras\": [}\n}", "line 2, column 16 is not valid JSON (object is missing after a comma)"},
+        BadFile{"", "line 1, column 1 is not valid JSON (illegal value)"},
+        BadFile{"[]", "the file is a list, but must be an object"}, BadFile{"{}", "cameras is missing"},
+        BadFile{R"({"cameras":[],"cameros":[]})", "the file has the unknown key \"cameros\"; allowed are cameras"},
+        BadFile{R"({"cameras":{}})", "cameras is an object, but must be a list"},
+        BadFile{R"({"cameras":[7]})", "cameras[0] is the number 7, but must be an object"},
+        BadFile{R"({"cameras":[{"connection":"usb"}]})", "cameras[0].name is missing"},
+        BadFile{oneCamera(R"(,"name":" ")"), "cameras[0].name is blank"},
+        BadFile{oneCamera(R"(,"manufacturer":true)"), "cameras[0].manufacturer is true, but must be a text"},
+        BadFile{oneCamera(R"(,"connection":"pci")"), "cameras[0].connection is \"pci\"; allowed are usb, display"},
+        BadFile{oneCamera(R"(,"setupClass":"usb")"),
+                "cameras[0].setupClass is \"usb\"; allowed are camera, image, media"},
+        BadFile{oneCamera(R"(,"stride":"up")"), "cameras[0].stride is \"up\"; allowed are positive, negative, absent"},
+        BadFile{oneCamera(R"(,"width":63)"), "cameras[0].width is 63; allowed is 64 to 4096"},
+        BadFile{oneCamera(R"(,"height":4097)"), "cameras[0].height is 4097; allowed is 64 to 4096"},
+        BadFile{oneCamera(R"(,"width":99.5)"), "cameras[0].width is the number 99.5, but must be a whole number"},
+        BadFile{oneCamera(R"(,"width":"640")"), "cameras[0].width is the text \"640\", but must be a number"},
+        BadFile{oneCamera(R"(,"framesPerSecond":0)"), "cameras[0].framesPerSecond is 0; allowed is 1 to 240"},
+        BadFile{oneCamera(R"(,"widht":1)"),
+                "cameras[0] has the unknown key \"widht\"; allowed are name, manufacturer, description, connection, "
+                "hardwareId, driverVersion, setupClass, width, height, framesPerSecond, stride, picture, faults"},
+        BadFile{oneCamera(R"(,"picture":"test-pattern")"),
+                "cameras[0].picture is the text \"test-pattern\", but must be an object"},
+        BadFile{oneCamera(R"(,"picture":{"kind":"video"})"),
+                "cameras[0].picture.kind is \"video\"; allowed are test-pattern, image"},
+        BadFile{oneCamera(R"(,"picture":{"kind":"test-pattern","file":"a"})"),
+                "cameras[0].picture has the unknown key \"file\"; allowed are kind"},
+        BadFile{oneCamera(R"(,"picture":{"kind":"image"})"), "cameras[0].picture.file is missing"},
+        BadFile{oneCamera(R"(,"faults":[{"kind":"tick","at":1},{"kind":"melt"}])"),
+                "cameras[0].faults[1].kind is \"melt\"; allowed are no-open, not-rgb32, first-read-fails, stall, tick, "
+                "end-of-stream, removed, invalidated, error, size-change"},
+        BadFile{oneCamera(R"(,"faults":[{"kind":"tick"}])"), "cameras[0].faults[0].at is missing"},
+        BadFile{oneCamera(R"(,"faults":[{"kind":"error","at":-1}])"),
+                "cameras[0].faults[0].at is -1; allowed is 0 to 86400"},
+        BadFile{oneCamera(R"(,"faults":[{"kind":"no-open","at":1}])"),
+                "cameras[0].faults[0] has the unknown key \"at\"; allowed are kind"},
+        BadFile{oneCamera(R"(,"faults":[{"kind":"size-change","at":1,"width":64}])"),
+                "cameras[0].faults[0].height is missing"}));
+
+}  // namespace
