@@ -1,0 +1,239 @@
+#include "discovery/win_camera_scanner.h"
+
+#include <algorithm>
+#include <set>
+
+#include <gmock/gmock.h>
+
+#include "unit_tests/discovery/camera_fixture.h"
+
+namespace {
+
+using testing::AnyOf;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Pair;
+
+using Outstanding = std::map<std::string, int>;
+
+std::vector<std::string> names(const std::vector<CameraInfo>& cameras) {
+  std::vector<std::string> result;
+  for (const CameraInfo& camera : cameras) result.push_back(camera.name);
+  return result;
+}
+
+class WinCameraScannerTest : public CameraFixture {
+ protected:
+  /// The only camera of a scan.
+  CameraInfo onlyCamera() {
+    EXPECT_EQ(scanner.scan(), 0u);
+    const auto cameras = scanner.getCameras();
+    EXPECT_EQ(cameras.size(), 1u);
+    return cameras.empty() ? CameraInfo() : cameras.front();
+  }
+
+  WinCameraScanner scanner;
+};
+
+TEST_F(WinCameraScannerTest, fillsTheRecordOfACamera) {
+  ScriptedDevice& device = plugInCamera(L"USB\\1", CameraSetupClass, L"\\\\?\\usb#Vid_1#{e5}");
+  device.setText(SPDRP_DEVICEDESC, L"Description");
+  device.setText(SPDRP_CLASSGUID, L"{ca3e7ab9}");
+  device.setText(SPDRP_HARDWAREID, std::wstring(L"First\0Second\0", 13));
+  device.setText(SPDRP_DRIVER, L"{ca3e7ab9}\\0003");
+  setDriverVersion(L"{ca3e7ab9}\\0003", L"10.0.1");
+
+  const CameraInfo camera = onlyCamera();
+  EXPECT_EQ(camera.devicePath, "\\\\?\\usb#Vid_1#{e5}");
+  EXPECT_EQ(camera.name, "Name of USB\\1");
+  EXPECT_EQ(camera.manufacturer, "Acme");
+  EXPECT_EQ(camera.description, "Description");
+  EXPECT_EQ(camera.hardwareId, "First");
+  EXPECT_EQ(camera.classGuid, "{ca3e7ab9}");
+  EXPECT_EQ(camera.driverKey, "{ca3e7ab9}\\0003");
+  EXPECT_EQ(camera.driverVersion, "10.0.1");
+  EXPECT_EQ(camera.type, CameraType::Usb);
+  EXPECT_THAT(scriptedRegistry().bufferSizes, ElementsAre(2 * 7 * sizeof(wchar_t))) << "twice as large, deliberately";
+}
+
+struct NameCase {
+  const wchar_t* path;
+  bool friendlyName;
+  const wchar_t* interfaceName;
+  const char* expected;
+  CameraType type;
+};
+
+class CameraNameTest : public WinCameraScannerTest, public testing::WithParamInterface<NameCase> {};
+
+TEST_P(CameraNameTest, isTheFirstThatTheDeviceHas) {
+  const NameCase& wanted = GetParam();
+  ScriptedDevice& device = plugInCamera(L"A", CameraSetupClass, wanted.path);
+  // A friendly name of size zero counts as absent.
+  if (!wanted.friendlyName) device.properties[SPDRP_FRIENDLYNAME] = L"";
+  if (wanted.interfaceName) device.interfaces[0].name = wanted.interfaceName;
+
+  const CameraInfo camera = onlyCamera();
+  EXPECT_EQ(camera.name, wanted.expected);
+  EXPECT_EQ(camera.type, wanted.type);
+}
+
+INSTANTIATE_TEST_SUITE_P(, CameraNameTest,
+                         testing::Values(NameCase{L"\\\\?\\usb#1", true, L"Pin", "Name of A", CameraType::Usb},
+                                         NameCase{L"\\\\?\\usb#1", false, L"Pin", "Pin", CameraType::Usb},
+                                         NameCase{L"\\\\?\\usb#1", false, nullptr, "AcmeUSB Camera", CameraType::Usb},
+                                         NameCase{L"\\\\?\\display#1", false, nullptr, "AcmeInternal Camera",
+                                                  CameraType::Internal}));
+
+TEST_F(WinCameraScannerTest, putsTheBatchOfTheLastSearchFirst) {
+  plugInCamera(L"CAMERA\\B", CameraSetupClass, L"\\\\?\\usb#b");
+  plugInCamera(L"CAMERA\\A", CameraSetupClass, L"\\\\?\\usb#a");
+  plugInCamera(L"MEDIA", MediaSetupClass, L"\\\\?\\usb#m");
+  plugInCamera(L"IMAGE", ImageSetupClass, L"\\\\?\\usb#i");
+  // Found twice, and kept twice.
+  scriptedSetupApi().devices.back().interfaces.push_back({CaptureInterface, L"\\\\?\\usb#I", {}});
+
+  EXPECT_EQ(scanner.scan(), 0u);
+  EXPECT_THAT(names(scanner.getCameras()),
+              ElementsAre("Name of MEDIA", "Name of IMAGE", "Name of IMAGE", "Name of CAMERA\\A", "Name of CAMERA\\B"));
+  EXPECT_EQ(scanner.getCameras()[1].devicePath, "\\\\?\\usb#I");
+  std::vector<std::pair<DWORD, GUID>> openings;
+  for (const auto& opening : scriptedSetupApi().openings) {
+    EXPECT_EQ(opening.flags, 18u);
+    EXPECT_EQ(*opening.devicesClass, CameraInterfaceClassList[openings.size() % 2]);
+    openings.emplace_back(opening.flags, *opening.devicesClass);
+  }
+  EXPECT_EQ(openings.size(), 6u);
+}
+
+TEST_F(WinCameraScannerTest, takesOnlyLinkedPathsWithAKnownPrefix) {
+  plugInCamera(L"CAPITALS", CameraSetupClass, L"\\\\?\\USB#1");
+  plugInCamera(L"ROOT", CameraSetupClass, L"\\\\?\\root#1");
+  plugIn(L"NOT LINKED", CameraSetupClass, L"\\\\?\\usb#2");
+  scriptedMediaFoundation().links.emplace_back(std::nullopt);
+
+  EXPECT_TRUE(scanner.hasCameras());
+  EXPECT_EQ(scanner.scan(), 0u);
+  EXPECT_THAT(scanner.getCameras(), IsEmpty());
+}
+
+TEST_F(WinCameraScannerTest, aLaterInterfaceOfADeviceKeepsWhatItCannotRead) {
+  ScriptedDevice& device = plugInCamera(L"A", CameraSetupClass, L"\\\\?\\usb#1");
+  device.interfaces.push_back({VideoCameraInterface, L"\\\\?\\usb#2", {}});
+  device.setText(SPDRP_DRIVER, L"k");
+  scriptedMediaFoundation().links.emplace_back(L"\\\\?\\usb#2");
+  setDriverVersion(L"k", L"7");
+  plugInCamera(L"B", CameraSetupClass, L"\\\\?\\usb#3");
+  systemScript().failCall("RegGetValueW", 3);
+
+  EXPECT_EQ(scanner.scan(), 0u);
+  const auto cameras = scanner.getCameras();
+  ASSERT_EQ(cameras.size(), 3u);
+  EXPECT_EQ(cameras[1].devicePath, "\\\\?\\usb#2");
+  EXPECT_EQ(cameras[1].driverVersion, "7");
+  EXPECT_EQ(cameras[2].driverVersion, "") << "another device starts afresh";
+}
+
+TEST_F(WinCameraScannerTest, withoutSourcesASearchSucceedsAndFindsNothing) {
+  plugIn(L"A", CameraSetupClass, L"\\\\?\\usb#1");
+  EXPECT_FALSE(scanner.hasCameras());
+  EXPECT_EQ(scanner.scan(), 0u);
+  EXPECT_THAT(scanner.getCameras(), IsEmpty());
+}
+
+TEST_F(WinCameraScannerTest, forgetsTheCamerasOfTheLastScanEvenWhenTheNextFails) {
+  plugInCamera(L"A", CameraSetupClass, L"\\\\?\\usb#1");
+  EXPECT_EQ(onlyCamera().name, "Name of A");
+  systemScript().failCall("MFStartup", 2);
+  EXPECT_EQ(scanner.scan(), 1u);
+  EXPECT_THAT(scanner.getCameras(), IsEmpty());
+
+  EXPECT_EQ(onlyCamera().name, "Name of A");
+  EXPECT_EQ(scanner.clear(), 0u);
+  EXPECT_THAT(scanner.getCameras(), IsEmpty());
+}
+
+TEST_F(WinCameraScannerTest, endsComAlsoWhenTheThreadIsInAnotherApartment) {
+  plugInCamera(L"A", CameraSetupClass, L"\\\\?\\usb#1");
+  scriptedMediaFoundation().apartmentStatus = RPC_E_CHANGED_MODE;
+  EXPECT_EQ(onlyCamera().name, "Name of A");
+  EXPECT_EQ(systemScript().outstanding().at("apartment"), -1) << "not taken, but given back";
+}
+
+TEST_F(WinCameraScannerTest, givesBackInOrderAndKeepsTheLinkTexts) {
+  plugInCamera(L"A", CameraSetupClass, L"\\\\?\\usb#1");
+  EXPECT_TRUE(scanner.hasCameras());
+  EXPECT_THAT(systemScript().log(),
+              ElementsAre("CoInitializeEx", "MFStartup", "MFCreateAttributes", "IMFAttributes::SetGUID",
+                          "MFEnumDeviceSources", "IMFActivate::GetAllocatedString", "attributes released",
+                          "source released", "array freed", "MFShutdown", "CoUninitialize"));
+  EXPECT_EQ(systemScript().outstanding(), (Outstanding{{"link text", 1}}));
+}
+
+/// The machine of the fault matrix: one camera in each of two searches, with every kind of name and a driver version.
+class ScanFaultTest : public WinCameraScannerTest {
+ protected:
+  void SetUp() override {
+    reset();
+    ScriptedDevice& first = plugInCamera(L"A", CameraSetupClass, L"\\\\?\\usb#1");
+    first.setText(SPDRP_DRIVER, L"k");
+    setDriverVersion(L"k", L"7");
+    ScriptedDevice& second = plugInCamera(L"B", MediaSetupClass, L"\\\\?\\display#2");
+    second.properties.erase(SPDRP_FRIENDLYNAME);
+    second.interfaces[0].name = L"Pin";
+  }
+};
+
+TEST_F(ScanFaultTest, everySystemCallInTurnFailsOnce) {
+  ASSERT_EQ(scanner.scan(), 0u);
+  ASSERT_EQ(scanner.getCameras().size(), 2u);
+  const int calls = systemScript().failableCalls();
+
+  // How many cameras are left when one call of the function failed. The others cost one text at most.
+  const std::map<std::string, std::vector<std::size_t>> left = {
+      {"CoInitializeEx", {0}},
+      {"MFStartup", {0}},
+      {"MFCreateAttributes", {0}},
+      {"IMFAttributes::SetGUID", {0}},
+      {"MFEnumDeviceSources", {0}},
+      {"IMFActivate::GetAllocatedString", {1}},
+      {"SetupDiGetClassDevsW", {1, 2}},
+      {"SetupDiEnumDeviceInfo", {1, 2}},
+      {"SetupDiGetDeviceInstanceIdW", {1, 1}},
+      {"SetupDiEnumDeviceInterfaces", {1, 2}},
+      {"SetupDiGetDeviceInterfaceDetailW", {1, 1}},
+  };
+  std::set<std::string> failed;
+  for (int call = 1; call <= calls; ++call) {
+    SetUp();
+    systemScript().failAnyCall(call);
+    const std::uint32_t status = WinCameraScannerTest::scanner.scan();
+    const std::string function = systemScript().failedFunction();
+    SCOPED_TRACE("call " + std::to_string(call) + ": " + function);
+    failed.insert(function);
+
+    EXPECT_EQ(status, function == "CoInitializeEx" || function == "MFStartup" ? 1u : 0u);
+    const auto expected = left.find(function);
+    const auto cameras = scanner.getCameras();
+    if (expected == left.end()) {
+      EXPECT_EQ(cameras.size(), 2u);
+    } else {
+      EXPECT_THAT(expected->second, testing::Contains(cameras.size()));
+    }
+    for (const CameraInfo& camera : cameras) {
+      EXPECT_THAT(camera.name, AnyOf("Name of A", "Pin", "AcmeUSB Camera", "AcmeInternal Camera", "Internal Camera"));
+      EXPECT_THAT(camera.driverVersion, AnyOf("", "7"));
+    }
+    Outstanding outstanding = systemScript().outstanding();
+    outstanding.erase("link text");
+    // The set of the last search stays open for questions.
+    if (!outstanding.empty()) EXPECT_EQ(outstanding, (Outstanding{{"device information set", 1}}));
+    EXPECT_EQ(fakeComObjects, 0);
+
+    EXPECT_EQ(scanner.scan(), 0u) << "the next scan is sound";
+    EXPECT_EQ(scanner.getCameras().size(), 2u);
+  }
+  EXPECT_EQ(failed.size(), 14u) << "every scripted function had its turn";
+}
+
+}  // namespace

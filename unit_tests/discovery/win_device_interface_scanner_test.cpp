@@ -1,0 +1,200 @@
+#include "discovery/win_device_interface_scanner.h"
+
+#include <gmock/gmock.h>
+
+#include "discovery/narrow_text.h"
+#include "discovery/win_device_scan_filter.h"
+#include "unit_tests/discovery/camera_fixture.h"
+#include "unit_tests/fakes/scripted_files.h"
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr DEVPROPKEY NameKey = {{0xB725F130, 0x47EF, 0x101A, {0xA5, 0xF1, 0x02, 0x60, 0x8C, 0x9E, 0xEB, 0xAC}}, 10};
+
+class WinDeviceInterfaceScannerTest : public CameraFixture {
+ protected:
+  std::uint32_t search(const GUID& interfaceClass, const GUID& deviceClass) {
+    return scanner.search(WinDeviceScanFilter(interfaceClass, deviceClass), found);
+  }
+  std::optional<std::string> property(std::uint32_t index, std::uint32_t number) {
+    return takeText([&](char** text) { return scanner.getRegistryProperty(index, number, text); });
+  }
+  std::optional<std::string> interfaceName(const std::string& path) {
+    return takeText([&](char** text) { return scanner.getInterfaceProperty(path, NameKey, text); });
+  }
+
+  WinDeviceInterfaceScanner scanner;
+  DeviceMap found;
+};
+
+TEST_F(WinDeviceInterfaceScannerTest, keepsTheWantedDeviceClassWithAllInterfacesInOrder) {
+  plugIn(L"M", MediaSetupClass, L"\\\\?\\m");
+  plugIn(L"C", CameraSetupClass, L"\\\\?\\z").interfaces.push_back({VideoCameraInterface, L"\\\\?\\a", L"Pin"});
+
+  EXPECT_EQ(search(VideoCameraInterface, CameraSetupClass), 0u);
+  ASSERT_EQ(found.size(), 1u);
+  EXPECT_EQ(found["C"].deviceIndex, 0u);
+  EXPECT_THAT(found["C"].interfacePaths, ElementsAre("\\\\?\\z", "\\\\?\\a"));
+  EXPECT_EQ(scanner.getDeviceCount(), 1u);
+  EXPECT_EQ(interfaceName("\\\\?\\a"), "Pin");
+  EXPECT_THAT(scriptedSetupApi().interfacePropertySizes, ElementsAre(16u)) << "twice as large, deliberately";
+  EXPECT_EQ(interfaceName("\\\\?\\z"), std::nullopt);
+  EXPECT_EQ(interfaceName("\\\\?\\m"), std::nullopt);
+
+  EXPECT_EQ(search(VideoCameraInterface, GUID{}), 0u);
+  EXPECT_EQ(found.size(), 2u);
+  EXPECT_EQ(search(CaptureInterface, GUID{}), 0u);
+  EXPECT_THAT(found, IsEmpty());
+  EXPECT_EQ(interfaceName("\\\\?\\a"), std::nullopt) << "only the last search counts";
+  EXPECT_EQ(systemScript().outstanding().at("device information set"), 1);
+}
+
+TEST_F(WinDeviceInterfaceScannerTest, anyInterfaceClassOpensTheSetOfAllClasses) {
+  plugIn(L"C", CameraSetupClass, L"\\\\?\\c");
+  EXPECT_EQ(search(GUID{}, GUID{}), 0u);
+  EXPECT_EQ(scanner.getDeviceCount(), 1u);
+  ASSERT_EQ(scriptedSetupApi().openings.size(), 1u);
+  EXPECT_EQ(scriptedSetupApi().openings[0].devicesClass, std::nullopt);
+  EXPECT_EQ(scriptedSetupApi().openings[0].flags, 6u);
+}
+
+TEST_F(WinDeviceInterfaceScannerTest, aFilterOfAnotherKindOrAFailedOpeningFindsNothing) {
+  class OtherFilter : public DeviceScanFilter {};
+  plugIn(L"C", CameraSetupClass, L"\\\\?\\c");
+  EXPECT_EQ(search(VideoCameraInterface, GUID{}), 0u);
+  EXPECT_EQ(scanner.search(OtherFilter(), found), 1u);
+  EXPECT_THAT(found, IsEmpty());
+
+  systemScript().failCall("SetupDiGetClassDevsW", 2);
+  EXPECT_EQ(search(VideoCameraInterface, GUID{}), 1u);
+  EXPECT_THAT(found, IsEmpty());
+  EXPECT_EQ(property(0, SPDRP_MFG), std::nullopt);
+  EXPECT_EQ(systemScript().outstanding(), (std::map<std::string, int>()));
+}
+
+TEST_F(WinDeviceInterfaceScannerTest, skipsWhatCannotBeReadAndGoesOn) {
+  plugIn(L"A", CameraSetupClass, L"\\\\?\\a");
+  plugIn(L"B", CameraSetupClass, L"\\\\?\\b1").interfaces.push_back({VideoCameraInterface, L"\\\\?\\b2", {}});
+  systemScript().failCall("SetupDiGetDeviceInstanceIdW", 1);
+  systemScript().failCall("SetupDiGetDeviceInterfaceDetailW", 1);
+  EXPECT_EQ(search(VideoCameraInterface, GUID{}), 0u);
+  ASSERT_EQ(found.size(), 1u);
+  EXPECT_EQ(found["B"].deviceIndex, 1u);
+  EXPECT_THAT(found["B"].interfacePaths, ElementsAre("\\\\?\\b2"));
+
+  DeviceMap again;
+  EXPECT_EQ(scanner.getInterfacePaths(0, again), 0u);
+  EXPECT_THAT(again["A"].interfacePaths, ElementsAre("\\\\?\\a"));
+  EXPECT_EQ(scanner.getInterfacePaths(2, again), 1u);
+}
+
+TEST_F(WinDeviceInterfaceScannerTest, readsRegistryProperties) {
+  ScriptedDevice& device = plugIn(L"A", CameraSetupClass, L"\\\\?\\a");
+  device.setText(SPDRP_DEVICEDESC, L"K\u00e4mera");
+  device.setText(SPDRP_DRIVER, L"k");
+  device.setText(SPDRP_ENUMERATOR_NAME, L"\u96c6\u6210\u6444\u50cf\u5934");
+  device.properties[SPDRP_SERVICE] = L"";
+  device.properties[SPDRP_HARDWAREID] = L"not terminated";
+  setDriverVersion(L"k", L"1.2");
+  EXPECT_EQ(search(VideoCameraInterface, GUID{}), 0u);
+
+  EXPECT_EQ(property(0, SPDRP_DEVICEDESC), "K\u00e4mera");
+  EXPECT_EQ(property(0, SPDRP_HARDWAREID), "not terminated");
+  EXPECT_EQ(property(0, SPDRP_ENUMERATOR_NAME), "\u96c6\u6210\u6444") << "whole characters within the property's size";
+  EXPECT_EQ(property(0, SPDRP_SERVICE), std::nullopt) << "empty is absent, deliberately";
+  EXPECT_EQ(property(0, SPDRP_CLASS), std::nullopt);
+  EXPECT_EQ(property(1, SPDRP_MFG), std::nullopt);
+  systemScript().failCall("SetupDiGetDeviceRegistryPropertyW",
+                          systemScript().calls("SetupDiGetDeviceRegistryPropertyW") + 2);
+  EXPECT_EQ(property(0, SPDRP_MFG), std::nullopt) << "the second call failed";
+
+  const auto version = [this] { return takeText([this](char** text) { return scanner.getDriverVersion(0, text); }); };
+  EXPECT_EQ(version(), "1.2");
+  systemScript().failCall("RegGetValueW", 4);
+  EXPECT_EQ(version(), std::nullopt);
+  EXPECT_EQ(scanner.getScannerKind(), 4u);
+}
+
+class ParentTest : public WinDeviceInterfaceScannerTest {
+ protected:
+  ParentTest() {
+    plugIn(L"USB\\HUB\\1", ImageSetupClass, L"\\\\?\\usb#hub", CaptureInterface);
+    plugIn(L"USB\\CAM\\1", CameraSetupClass, L"\\\\?\\usb#cam").parentId = L"USB\\HUB\\1";
+    plugIn(L"ORPHAN", CameraSetupClass, L"\\\\?\\usb#orphan");
+    search(VideoCameraInterface, GUID{});
+  }
+
+  std::optional<std::string> parentPath(std::uint32_t index = 0) {
+    return takeText([&](char** text) { return scanner.getParentInterfacePath(filter, index, text); });
+  }
+  std::optional<std::string> parentName(std::uint32_t index = 0) {
+    return takeText(
+        [&](char** text) { return scanner.getParentRegistryProperty(filter, index, SPDRP_FRIENDLYNAME, text); });
+  }
+
+  WinDeviceScanFilter filter{CaptureInterface, ImageSetupClass};
+};
+
+TEST_F(ParentTest, isFoundByItsIdAmongTheFiltersDevices) {
+  EXPECT_EQ(parentPath(), "\\\\?\\usb#hub");
+  EXPECT_EQ(parentName(), "Name of USB\\HUB\\1");
+  EXPECT_EQ(scriptedSetupApi().openings.back().flags, 10u);
+  EXPECT_EQ(*scriptedSetupApi().openings.back().devicesClass, ImageSetupClass);
+
+  scriptedSetupApi().devices[1].parentId = L"usb\\hub\\1";
+  EXPECT_EQ(parentPath(), "\\\\?\\usb#hub");
+  EXPECT_EQ(parentName(), std::nullopt) << "a property is looked up by the exact text";
+  scriptedSetupApi().devices[1].parentId = L"USB\\HUB";
+  EXPECT_EQ(parentPath(), std::nullopt);
+  EXPECT_EQ(parentName(), "Name of USB\\HUB\\1") << "which may be a part of the id";
+}
+
+TEST_F(ParentTest, cannotBeFoundWithoutConfigurationManagerOrDevices) {
+  for (const char* function : {"CM_Get_Parent", "CM_Get_Device_ID_Size", "CM_Get_Device_IDW", "SetupDiGetClassDevsW"}) {
+    SCOPED_TRACE(function);
+    systemScript().failCall(function, systemScript().calls(function) + 1);
+    EXPECT_EQ(parentPath(), std::nullopt);
+    systemScript().failCall(function, systemScript().calls(function) + 1);
+    EXPECT_EQ(parentName(), std::nullopt);
+  }
+  EXPECT_EQ(parentPath(1), std::nullopt);
+  EXPECT_EQ(parentName(2), std::nullopt);
+  EXPECT_EQ(systemScript().outstanding().at("device information set"), 1) << "that of the search";
+}
+
+TEST_F(WinDeviceInterfaceScannerTest, listsDosDevicePathsByPrefix) {
+  std::vector<std::string> paths = {"kept"};
+  scriptedFiles().dosDevices = {L"USB#1", L"usb#2", std::wstring(300, L'x'), L"USB#3"};
+  EXPECT_EQ(scanner.getDosDevicePaths("USB", paths), 0u);
+  EXPECT_THAT(paths, ElementsAre("kept", "\\\\?\\USB#1", "\\\\?\\USB#3"));
+  EXPECT_THAT(scriptedFiles().dosDeviceSizes, ElementsAre(261u, 522u));
+
+  fakeHostServices().copyFails = true;
+  EXPECT_EQ(scanner.getDosDevicePaths("USB", paths), 1u);
+  fakeHostServices().copyFails = false;
+  systemScript().failCall("QueryDosDeviceW", systemScript().calls("QueryDosDeviceW") + 1);
+  EXPECT_EQ(scanner.getDosDevicePaths("USB", paths), 1u);
+  EXPECT_EQ(paths.size(), 3u);
+}
+
+TEST_F(WinDeviceInterfaceScannerTest, opensLocksAndClosesADevice) {
+  void* handle = nullptr;
+  EXPECT_EQ(scanner.openDevice("\\\\.\\V\u00f6l", &handle), 0u);
+  EXPECT_EQ(scriptedFiles().openedPath, L"\\\\.\\V\u00f6l");
+  EXPECT_EQ(scanner.lockVolume(handle), 0u);
+  EXPECT_EQ(scanner.unlockVolume(handle), 0u);
+  EXPECT_THAT(scriptedFiles().controlCodes, ElementsAre(0x00090018u, 0x0009001Cu));
+  EXPECT_EQ(scanner.closeDevice(handle), 0u);
+  EXPECT_EQ(systemScript().outstanding(), (std::map<std::string, int>()));
+
+  EXPECT_EQ(scanner.lockVolume(handle), 1u);
+  EXPECT_EQ(scanner.unlockVolume(handle), 1u);
+  EXPECT_EQ(scanner.closeDevice(handle), 1u);
+  systemScript().failCall("CreateFileW", 2);
+  EXPECT_EQ(scanner.openDevice("\\\\.\\C:", &handle), DWORD{ERROR_SHARING_VIOLATION});
+}
+
+}  // namespace

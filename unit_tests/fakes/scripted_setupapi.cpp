@@ -1,0 +1,214 @@
+#include "unit_tests/fakes/scripted_setupapi.h"
+
+#include <algorithm>
+#include <cstring>
+#include <set>
+
+#include <setupapi.h>
+
+#include <cfgmgr32.h>
+
+#include "unit_tests/fakes/system_script.h"
+
+extern "C" WINSETUPAPI BOOL WINAPI SetupDiGetDeviceInterfacePropertyW(HDEVINFO, PSP_DEVICE_INTERFACE_DATA,
+                                                                      const DEVPROPKEY*, DEVPROPTYPE*, PBYTE, DWORD,
+                                                                      PDWORD, DWORD);
+
+namespace {
+
+constexpr char SetKind[] = "device information set";
+constexpr DEVPROPKEY NameKey = {{0xB725F130, 0x47EF, 0x101A, {0xA5, 0xF1, 0x02, 0x60, 0x8C, 0x9E, 0xEB, 0xAC}}, 10};
+
+/// An open set: positions in the scripted list of devices.
+using DeviceSet = std::vector<std::size_t>;
+
+std::set<HDEVINFO>& openSets() {
+  static std::set<HDEVINFO> sets;
+  return sets;
+}
+
+BOOL failWith(DWORD error) {
+  SetLastError(error);
+  return FALSE;
+}
+
+/// Copies a value of `bytes` bytes as SetupAPI does: without room it tells the size.
+BOOL deliver(const void* value, std::size_t bytes, void* buffer, std::size_t size, PDWORD required) {
+  if (required != nullptr) *required = static_cast<DWORD>(bytes);
+  if (size < bytes) return failWith(ERROR_INSUFFICIENT_BUFFER);
+  if (bytes != 0) std::memcpy(buffer, value, bytes);
+  return TRUE;
+}
+
+bool hasInterface(const ScriptedDevice& device, const GUID& interfaceClass) {
+  return std::any_of(device.interfaces.begin(), device.interfaces.end(),
+                     [&](const ScriptedInterface& entry) { return entry.interfaceClass == interfaceClass; });
+}
+
+bool belongs(const ScriptedDevice& device, const GUID* devicesClass, DWORD flags) {
+  if (flags & DIGCF_ALLCLASSES) return true;
+  return flags & DIGCF_DEVICEINTERFACE ? hasInterface(device, *devicesClass) : device.deviceClass == *devicesClass;
+}
+
+/// The device that a data record of an open set names, or null with the system's error.
+const ScriptedDevice* deviceOf(HDEVINFO set, const SP_DEVINFO_DATA* data) {
+  if (!openSets().contains(set)) return failWith(ERROR_INVALID_HANDLE), nullptr;
+  if (data->cbSize != 32) return failWith(ERROR_INVALID_USER_BUFFER), nullptr;
+  return &scriptedSetupApi().devices.at(data->DevInst - 1);
+}
+
+const ScriptedInterface* interfaceOf(HDEVINFO set, const SP_DEVICE_INTERFACE_DATA* data) {
+  if (!openSets().contains(set)) return failWith(ERROR_INVALID_HANDLE), nullptr;
+  if (data->cbSize != 32) return failWith(ERROR_INVALID_USER_BUFFER), nullptr;
+  return &scriptedSetupApi().devices.at(data->Reserved >> 8).interfaces.at(data->Reserved & 0xFF);
+}
+
+HDEVINFO WINAPI getClassDevs(const GUID* devicesClass, PCWSTR, HWND, DWORD flags) {
+  scriptedSetupApi().openings.push_back(
+      {devicesClass != nullptr ? std::optional<GUID>(*devicesClass) : std::nullopt, flags});
+  if (systemScript().fails("SetupDiGetClassDevsW")) {
+    SetLastError(ERROR_ACCESS_DENIED);
+    return INVALID_HANDLE_VALUE;
+  }
+  auto* set = new DeviceSet;
+  const auto& devices = scriptedSetupApi().devices;
+  for (std::size_t index = 0; index < devices.size(); ++index) {
+    if (belongs(devices[index], devicesClass, flags)) set->push_back(index);
+  }
+  openSets().insert(set);
+  systemScript().acquire(SetKind);
+  return set;
+}
+
+BOOL WINAPI destroyDeviceInfoList(HDEVINFO set) {
+  systemScript().note("SetupDiDestroyDeviceInfoList");
+  systemScript().release(SetKind);
+  if (openSets().erase(set) == 0) return failWith(ERROR_INVALID_HANDLE);
+  delete static_cast<DeviceSet*>(set);
+  return TRUE;
+}
+
+BOOL WINAPI enumDeviceInfo(HDEVINFO set, DWORD index, PSP_DEVINFO_DATA data) {
+  if (systemScript().fails("SetupDiEnumDeviceInfo")) return failWith(ERROR_ACCESS_DENIED);
+  if (!openSets().contains(set)) return failWith(ERROR_INVALID_HANDLE);
+  if (data->cbSize != 32) return failWith(ERROR_INVALID_USER_BUFFER);
+  const auto& members = *static_cast<const DeviceSet*>(set);
+  if (index >= members.size()) return failWith(ERROR_NO_MORE_ITEMS);
+  data->DevInst = static_cast<DWORD>(members[index] + 1);
+  data->ClassGuid = scriptedSetupApi().devices[members[index]].deviceClass;
+  return TRUE;
+}
+
+BOOL WINAPI getDeviceInstanceId(HDEVINFO set, PSP_DEVINFO_DATA data, PWSTR buffer, DWORD size, PDWORD required) {
+  if (systemScript().fails("SetupDiGetDeviceInstanceIdW")) return failWith(ERROR_ACCESS_DENIED);
+  const ScriptedDevice* device = deviceOf(set, data);
+  if (device == nullptr) return FALSE;
+  // This one counts in characters.
+  const std::size_t length = device->instanceId.size() + 1;
+  DWORD bytes = 0;
+  const BOOL done = deliver(device->instanceId.c_str(), length * sizeof(wchar_t), buffer,
+                            std::size_t{size} * sizeof(wchar_t), &bytes);
+  if (required != nullptr) *required = static_cast<DWORD>(length);
+  return done;
+}
+
+BOOL WINAPI enumDeviceInterfaces(HDEVINFO set, PSP_DEVINFO_DATA data, const GUID* interfaceClass, DWORD index,
+                                 PSP_DEVICE_INTERFACE_DATA found) {
+  if (systemScript().fails("SetupDiEnumDeviceInterfaces")) return failWith(ERROR_ACCESS_DENIED);
+  const ScriptedDevice* device = deviceOf(set, data);
+  if (device == nullptr) return FALSE;
+  if (found->cbSize != 32) return failWith(ERROR_INVALID_USER_BUFFER);
+  for (std::size_t position = 0; position < device->interfaces.size(); ++position) {
+    if (device->interfaces[position].interfaceClass != *interfaceClass || index-- != 0) continue;
+    found->InterfaceClassGuid = *interfaceClass;
+    found->Reserved = (std::size_t{data->DevInst - 1} << 8) | position;
+    return TRUE;
+  }
+  return failWith(ERROR_NO_MORE_ITEMS);
+}
+
+BOOL WINAPI getDeviceInterfaceDetail(HDEVINFO set, PSP_DEVICE_INTERFACE_DATA data,
+                                     PSP_DEVICE_INTERFACE_DETAIL_DATA_W detail, DWORD size, PDWORD required,
+                                     PSP_DEVINFO_DATA) {
+  if (systemScript().fails("SetupDiGetDeviceInterfaceDetailW")) return failWith(ERROR_ACCESS_DENIED);
+  const ScriptedInterface* entry = interfaceOf(set, data);
+  if (entry == nullptr) return FALSE;
+  if (detail != nullptr && detail->cbSize != 8) return failWith(ERROR_INVALID_USER_BUFFER);
+  const std::size_t bytes = (entry->path.size() + 1) * sizeof(wchar_t);
+  constexpr std::size_t Header = offsetof(SP_DEVICE_INTERFACE_DETAIL_DATA_W, DevicePath);
+  if (required != nullptr) *required = static_cast<DWORD>(bytes + Header);
+  if (size < bytes + Header) return failWith(ERROR_INSUFFICIENT_BUFFER);
+  std::memcpy(detail->DevicePath, entry->path.c_str(), bytes);
+  return TRUE;
+}
+
+BOOL WINAPI getDeviceRegistryProperty(HDEVINFO set, PSP_DEVINFO_DATA data, DWORD property, PDWORD, PBYTE buffer,
+                                      DWORD size, PDWORD required) {
+  if (systemScript().fails("SetupDiGetDeviceRegistryPropertyW")) return failWith(ERROR_ACCESS_DENIED);
+  const ScriptedDevice* device = deviceOf(set, data);
+  if (device == nullptr) return FALSE;
+  const auto value = device->properties.find(property);
+  if (value == device->properties.end()) return failWith(ERROR_INVALID_DATA);
+  return deliver(value->second.data(), value->second.size() * sizeof(wchar_t), buffer, size, required);
+}
+
+BOOL WINAPI getDeviceInterfaceProperty(HDEVINFO set, PSP_DEVICE_INTERFACE_DATA data, const DEVPROPKEY* key,
+                                       DEVPROPTYPE* type, PBYTE buffer, DWORD size, PDWORD required, DWORD) {
+  if (systemScript().fails("SetupDiGetDeviceInterfacePropertyW")) return failWith(ERROR_ACCESS_DENIED);
+  const ScriptedInterface* entry = interfaceOf(set, data);
+  if (entry == nullptr) return FALSE;
+  if (!entry->name || key->fmtid != NameKey.fmtid || key->pid != NameKey.pid) return failWith(ERROR_NOT_FOUND);
+  if (buffer != nullptr) scriptedSetupApi().interfacePropertySizes.push_back(size);
+  *type = DEVPROP_TYPE_STRING;
+  return deliver(entry->name->c_str(), (entry->name->size() + 1) * sizeof(wchar_t), buffer, size, required);
+}
+
+/// Device instances are numbered from 1 by their position; a parent that is no scripted device of its own has the
+/// number of its child with this bit.
+constexpr DEVINST ParentBit = 0x1000;
+
+const std::wstring& idOf(DEVINST instance) {
+  const ScriptedDevice& device = scriptedSetupApi().devices.at((instance & ~ParentBit) - 1);
+  return instance & ParentBit ? device.parentId : device.instanceId;
+}
+
+CONFIGRET WINAPI getParent(PDEVINST parent, DEVINST child, ULONG) {
+  if (systemScript().fails("CM_Get_Parent")) return CR_CALL_NOT_IMPLEMENTED;
+  if (scriptedSetupApi().devices.at(child - 1).parentId.empty()) return CR_NO_SUCH_DEVNODE;
+  *parent = child | ParentBit;
+  return CR_SUCCESS;
+}
+
+CONFIGRET WINAPI getDeviceIdSize(PULONG length, DEVINST instance, ULONG) {
+  if (systemScript().fails("CM_Get_Device_ID_Size")) return CR_FAILURE;
+  *length = static_cast<ULONG>(idOf(instance).size());
+  return CR_SUCCESS;
+}
+
+CONFIGRET WINAPI getDeviceId(DEVINST instance, PWSTR buffer, ULONG length, ULONG) {
+  if (systemScript().fails("CM_Get_Device_IDW")) return CR_FAILURE;
+  const std::wstring& id = idOf(instance);
+  if (length < id.size() + 1) return CR_BUFFER_SMALL;
+  id.copy(buffer, id.size());
+  buffer[id.size()] = L'\0';
+  return CR_SUCCESS;
+}
+
+}  // namespace
+
+SUBSTITUTE_IMPORT(SetupDiGetClassDevsW, getClassDevs);
+SUBSTITUTE_IMPORT(SetupDiDestroyDeviceInfoList, destroyDeviceInfoList);
+SUBSTITUTE_IMPORT(SetupDiEnumDeviceInfo, enumDeviceInfo);
+SUBSTITUTE_IMPORT(SetupDiGetDeviceInstanceIdW, getDeviceInstanceId);
+SUBSTITUTE_IMPORT(SetupDiEnumDeviceInterfaces, enumDeviceInterfaces);
+SUBSTITUTE_IMPORT(SetupDiGetDeviceInterfaceDetailW, getDeviceInterfaceDetail);
+SUBSTITUTE_IMPORT(SetupDiGetDeviceRegistryPropertyW, getDeviceRegistryProperty);
+SUBSTITUTE_IMPORT(SetupDiGetDeviceInterfacePropertyW, getDeviceInterfaceProperty);
+SUBSTITUTE_IMPORT(CM_Get_Parent, getParent);
+SUBSTITUTE_IMPORT(CM_Get_Device_ID_Size, getDeviceIdSize);
+SUBSTITUTE_IMPORT(CM_Get_Device_IDW, getDeviceId);
+
+ScriptedSetupApi& scriptedSetupApi() {
+  static ScriptedSetupApi setupApi;
+  return setupApi;
+}

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <windows.h>
+
+struct ScriptedInterface {
+  GUID interfaceClass;
+  std::wstring path;
+  /// The interface's name property.
+  std::optional<std::wstring> name;
+};
+
+struct ScriptedDevice {
+  std::wstring instanceId;
+  GUID deviceClass;
+  std::vector<ScriptedInterface> interfaces;
+  /// SPDRP number to the characters of the value; texts carry their terminating zero.
+  std::map<DWORD, std::wstring> properties;
+  /// The instance id of the parent; none when it is empty.
+  std::wstring parentId;
+
+  /// Sets a text property, its terminating zero included.
+  void setText(DWORD property, const std::wstring& text) { properties[property] = text + L'\0'; }
+};
+
+/// The devices that SetupAPI and the configuration manager know.
+struct ScriptedSetupApi {
+  struct Opening {
+    std::optional<GUID> devicesClass;
+    DWORD flags;
+  };
+
+  std::vector<ScriptedDevice> devices;
+  /// Every opening of a device information set.
+  std::vector<Opening> openings;
+  /// Buffer sizes, in bytes, of the calls that read an interface property.
+  std::vector<DWORD> interfacePropertySizes;
+};
+
+ScriptedSetupApi& scriptedSetupApi();

@@ -1,0 +1,60 @@
+#include "unit_tests/fakes/system_script.h"
+
+#include <algorithm>
+
+#include "unit_tests/fakes/scripted_files.h"
+#include "unit_tests/fakes/scripted_media_foundation.h"
+#include "unit_tests/fakes/scripted_registry.h"
+#include "unit_tests/fakes/scripted_setupapi.h"
+
+void SystemScript::failCall(const std::string& function, int nth) {
+  failing[function] = nth;
+}
+
+void SystemScript::failAnyCall(int nth) {
+  failingCall = nth;
+}
+
+bool SystemScript::fails(const std::string& function) {
+  note(function);
+  ++failable;
+  const auto wanted = failing.find(function);
+  const bool fail = failable == failingCall || (wanted != failing.end() && wanted->second == calls(function));
+  if (fail) failed = function;
+  return fail;
+}
+
+void SystemScript::note(const std::string& function) {
+  history.push_back(function);
+}
+
+void SystemScript::acquire(const std::string& kind) {
+  ++balance[kind];
+}
+
+void SystemScript::release(const std::string& kind) {
+  --balance[kind];
+}
+
+int SystemScript::calls(const std::string& function) const {
+  return static_cast<int>(std::count(history.begin(), history.end(), function));
+}
+
+std::map<std::string, int> SystemScript::outstanding() const {
+  auto left = balance;
+  std::erase_if(left, [](const auto& entry) { return entry.second == 0; });
+  return left;
+}
+
+SystemScript& systemScript() {
+  static SystemScript script;
+  return script;
+}
+
+void resetSystemScript() {
+  systemScript() = SystemScript();
+  scriptedFiles() = ScriptedFiles();
+  scriptedSetupApi() = ScriptedSetupApi();
+  scriptedRegistry() = ScriptedRegistry();
+  scriptedMediaFoundation() = ScriptedMediaFoundation();
+}

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+/// Puts `replacement` in the place of a function that the product imports from a DLL, for the whole program.
+#define SUBSTITUTE_IMPORT(function, replacement) extern "C" decltype(&function) __imp_##function = replacement
+
+/// Which scripted system calls fail, what was called, and what was acquired and not given back. One for the program.
+class SystemScript {
+ public:
+  /// The `nth` call of this function fails, counted from 1.
+  void failCall(const std::string& function, int nth = 1);
+  /// The `nth` of all calls that can fail does.
+  void failAnyCall(int nth);
+
+  /// For a scripted function that can fail: puts the call on record and says whether it fails.
+  bool fails(const std::string& function);
+  /// For a scripted function that cannot.
+  void note(const std::string& function);
+  void acquire(const std::string& kind);
+  void release(const std::string& kind);
+
+  /// How many calls could have failed.
+  int failableCalls() const { return failable; }
+  int calls(const std::string& function) const;
+  /// The function whose call failed on request; empty when none did.
+  const std::string& failedFunction() const { return failed; }
+  /// All calls in order.
+  const std::vector<std::string>& log() const { return history; }
+  /// What is acquired more often than released, or the other way round.
+  std::map<std::string, int> outstanding() const;
+
+ private:
+  std::map<std::string, int> failing;
+  int failingCall = 0;
+  int failable = 0;
+  std::string failed;
+  std::vector<std::string> history;
+  std::map<std::string, int> balance;
+};
+
+SystemScript& systemScript();
+
+/// Forgets everything, devices, registry and sources of the other scripts included; for the start of a test.
+void resetSystemScript();
