@@ -27,7 +27,9 @@ CameraDialog::CameraDialog(QWidget* parent, QObject* eventFilter)
   setResult(kNoAnswer);
 }
 
-CameraDialog::~CameraDialog() { announceDestruction(); }
+CameraDialog::~CameraDialog() {
+  announceDestruction();
+}
 
 void CameraDialog::prepareForScreenReader() {
   ui->camera_capture_test_header_label->setFocusPolicy(Qt::StrongFocus);
@@ -73,8 +75,12 @@ void CameraDialog::mousePressEvent(QMouseEvent* event) {
   drag.press(*this, *ui->camera_capture_test_widget_header, *ui->camera_capture_test_header_close, *event);
 }
 
-void CameraDialog::mouseMoveEvent(QMouseEvent* event) { drag.move(*this, *event); }
+void CameraDialog::mouseMoveEvent(QMouseEvent* event) {
+  drag.move(*this, *event);
+}
 
-void CameraDialog::mouseReleaseEvent(QMouseEvent*) { drag.release(*this, *ui->camera_capture_test_widget_header); }
+void CameraDialog::mouseReleaseEvent(QMouseEvent*) {
+  drag.release(*this, *ui->camera_capture_test_widget_header);
+}
 
 void CameraDialog::resizeEvent(QResizeEvent*) {}

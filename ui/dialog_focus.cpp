@@ -6,7 +6,9 @@
 
 namespace {
 
-bool takesStrongFocus(const QWidget* widget) { return widget->focusPolicy() == Qt::StrongFocus; }
+bool takesStrongFocus(const QWidget* widget) {
+  return widget->focusPolicy() == Qt::StrongFocus;
+}
 
 }  // namespace
 

@@ -43,9 +43,13 @@ int InputDialog::exec() {
   return lastResult;
 }
 
-void InputDialog::accept() { done(result()); }
+void InputDialog::accept() {
+  done(result());
+}
 
-void InputDialog::reject() { done(result()); }
+void InputDialog::reject() {
+  done(result());
+}
 
 void InputDialog::announceDestruction() {
   if (beforeDestruction) std::exchange(beforeDestruction, nullptr)();

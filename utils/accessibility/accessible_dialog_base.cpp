@@ -27,7 +27,9 @@ AccessibleDialogBase::AccessibleDialogBase(QWidget* parent)
 }
 
 // The filter takes itself off the application when it goes.
-AccessibleDialogBase::~AccessibleDialogBase() { delete highContrastFilter; }
+AccessibleDialogBase::~AccessibleDialogBase() {
+  delete highContrastFilter;
+}
 
 void AccessibleDialogBase::OnThemeChanged() {
   QTimer::singleShot(std::chrono::milliseconds(100), this, [this] {

@@ -24,11 +24,21 @@ struct Property {
   bool hasColor = true;
 };
 
-constexpr Property background(SystemColor color) { return {"background-color", "", color}; }
-constexpr Property text(SystemColor color) { return {"color", "", color}; }
-constexpr Property thinBorder(SystemColor color) { return {"border", "1px solid ", color}; }
-constexpr Property thickBorder(SystemColor color) { return {"border", "2px solid ", color}; }
-constexpr Property radius(const char* pixels) { return {"border-radius", pixels, {}, false}; }
+constexpr Property background(SystemColor color) {
+  return {"background-color", "", color};
+}
+constexpr Property text(SystemColor color) {
+  return {"color", "", color};
+}
+constexpr Property thinBorder(SystemColor color) {
+  return {"border", "1px solid ", color};
+}
+constexpr Property thickBorder(SystemColor color) {
+  return {"border", "2px solid ", color};
+}
+constexpr Property radius(const char* pixels) {
+  return {"border-radius", pixels, {}, false};
+}
 constexpr Property kNoOutline = {"outline-style", "none", {}, false};
 
 constexpr Property kFrame[] = {background(SystemColor::kWindow), thinBorder(SystemColor::kWindowText), radius("8px")};

@@ -1,0 +1,60 @@
+#include "utils/event_filters/high_contrast_event_filter.h"
+
+#include <QCoreApplication>
+#include <QMetaMethod>
+
+#include <gtest/gtest.h>
+
+#include "unit_tests/fakes/fake_platform.h"
+
+using vexa::utils::event_filters::HighContrastEventFilter;
+
+namespace {
+
+TEST(HighContrastEventFilterTest, TakesOnlyTheThemeChange) {
+  struct Case {
+    const char* type;
+    std::uint32_t number;
+    bool taken;
+  };
+  constexpr Case kCases[] = {{"windows_generic_MSG", 794, true},
+                             {"windows_generic_MSG", 793, false},
+                             {"windows_generic_MSG", 0x10000794, false},
+                             {"windows_dispatcher_MSG", 794, false},
+                             {"windows_generic_MSG2", 794, false},
+                             {"windows_generic_MS", 794, false},
+                             {"", 794, false}};
+  HighContrastEventFilter filter(nullptr);
+  int changes = 0;
+  QObject::connect(&filter, &HighContrastEventFilter::ThemeChanged, [&] { ++changes; });
+  QCoreApplication::instance()->installNativeEventFilter(&filter);
+  for (const Case& c : kCases) {
+    changes = 0;
+    EXPECT_EQ(sendNativeMessage(c.type, c.number), c.taken) << c.type << c.number;
+    EXPECT_EQ(changes, c.taken ? 1 : 0);
+  }
+}
+
+TEST(HighContrastEventFilterTest, AnswersForItsTwoClasses) {
+  HighContrastEventFilter filter(nullptr);
+  EXPECT_EQ(filter.qt_metacast("QAbstractNativeEventFilter"), static_cast<QAbstractNativeEventFilter*>(&filter));
+  EXPECT_EQ(filter.qt_metacast("vexa::utils::event_filters::HighContrastEventFilter"), &filter);
+  const QMetaObject* meta = filter.metaObject();
+  ASSERT_EQ(meta->methodCount(), meta->methodOffset() + 1);
+  EXPECT_EQ(meta->method(meta->methodOffset()).methodSignature(), "ThemeChanged()");
+}
+
+TEST(HighContrastEventFilterTest, ReadsTheThemeOfTheSystem) {
+  HighContrastEventFilter filter(nullptr);
+  fakePlatform() = {.highContrast = true, .shade = 7};
+  EXPECT_TRUE(filter.IsHighContrastOn());
+  fakePlatform().highContrast = false;
+  EXPECT_FALSE(filter.IsHighContrastOn());
+
+  const QList<QColor> colors = filter.ReadSystemColors();
+  ASSERT_EQ(colors.size(), 30);
+  for (int k = 0; k <= 24; ++k) EXPECT_EQ(colors[k], fakeSystemColor(k)) << k;
+  for (int k = 26; k <= 30; ++k) EXPECT_EQ(colors[k - 1], fakeSystemColor(k)) << k;
+}
+
+}  // namespace

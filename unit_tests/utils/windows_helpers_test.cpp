@@ -1,0 +1,73 @@
+// The helpers that ask Windows, with nothing put in its place.
+
+#include <windows.h>
+
+#include <array>
+#include <cstdlib>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "utils/platform/display_scale_table.h"
+#include "utils/platform/folder_path.h"
+#include "utils/platform/monitor_dpi.h"
+#include "utils/platform/narrator.h"
+
+using namespace vexa::utils::platform;
+
+namespace {
+
+void setScreenReader(bool on) {
+  ASSERT_TRUE(SystemParametersInfoW(SPI_SETSCREENREADER, on ? 1 : 0, nullptr, 0));
+}
+
+TEST(NarratorTest, IsSeenByItsFlagAndByItsMutex) {
+  setScreenReader(false);
+  EXPECT_FALSE(IsNarratorRunning());
+  setScreenReader(true);
+  EXPECT_TRUE(IsNarratorRunning());
+  setScreenReader(false);
+  EXPECT_FALSE(IsNarratorRunning());
+
+  const HANDLE mutex = CreateMutexW(nullptr, FALSE, L"NarratorRunning");
+  ASSERT_NE(mutex, nullptr);
+  EXPECT_TRUE(IsNarratorRunning());
+  EXPECT_TRUE(IsNarratorRunning());
+  CloseHandle(mutex);
+  EXPECT_FALSE(IsNarratorRunning()) << "no handle was kept";
+}
+
+TEST(MonitorDpiTest, FindsTheRealMonitorOfTheFirstScreen) {
+  lastMonitorDpi = 0;
+  ASSERT_TRUE(QueryMonitorDpi(0));
+  EXPECT_EQ(lastMonitorDpi, 96);
+  EXPECT_EQ(DisplayScaleTable().ScaleFactor(0), 1.0);
+}
+
+TEST(FolderPathTest, EveryKindHasItsFolder) {
+  const std::wstring data = std::wstring(_wgetenv(L"ProgramData")) + L"\\Quillon";
+  std::array<wchar_t, MAX_PATH> buffer;
+  const std::wstring current(buffer.data(), GetCurrentDirectoryW(MAX_PATH, buffer.data()));
+  DWORD size = MAX_PATH;
+  ASSERT_TRUE(GetUserNameW(buffer.data(), &size));
+  const std::wstring user = buffer.data();
+
+  const std::array<std::wstring, 11> paths = {data,
+                                              data + L"\\scripts",
+                                              data + L"\\QtWebEngine",
+                                              data + L"\\logs_thermal_monitor_tool",
+                                              data + L"\\temp",
+                                              data + L"\\logs_tools",
+                                              current,
+                                              current + L"\\scripts",
+                                              data + L"\\QtWebEngine\\" + user,
+                                              data + L"\\temp\\" + user,
+                                              data + L"\\logs_tools\\" + user};
+  for (std::size_t kind = 0; kind < paths.size(); ++kind) {
+    EXPECT_EQ(GetFolderPath(static_cast<int>(kind)), paths[kind]) << kind;
+  }
+  EXPECT_EQ(GetFolderPath(-1), L"");
+  EXPECT_EQ(GetFolderPath(11), L"");
+}
+
+}  // namespace
