@@ -24,6 +24,14 @@ std::optional<ItemId> named(const Aliases& aliases, const QString& word) {
   return std::nullopt;
 }
 
+QString allWords(const Aliases& aliases) {
+  QStringList words;
+  for (const auto& [id, entry] : aliases) {
+    words << QStringLiteral("%1 (%2)").arg(wordsOf(entry)[0], wordsOf(entry)[1]);
+  }
+  return words.join(QStringLiteral(", "));
+}
+
 // Takes the diagnostic's word off the front of `text`. A shell removes the quotation marks of Q"c b", so the word may
 // run straight into the first test's; what is left must then be that word, or `capture` would be a diagnostic c.
 std::optional<ItemId> takeDiagnostic(QString& text, const Aliases& diagnostics, const Aliases& tests) {
@@ -61,7 +69,7 @@ std::vector<ItemId> selectTests(const QString& words, const Aliases& diagnostics
   for (const QString& word : testWords) {
     const std::optional<ItemId> id = named(tests, word);
     if (!id) {
-      throw HostError(QStringLiteral("The module has no test \"%1\".").arg(word));
+      throw HostError(QStringLiteral("The module has no test \"%1\"; its tests are %2.").arg(word, allWords(tests)));
     }
     select(*id);
   }
