@@ -1,5 +1,6 @@
 #include "standalone/host/diagnostics_program.h"
 
+#include <cstdio>
 #include <memory>
 #include <stdexcept>
 #include <vector>
@@ -112,7 +113,9 @@ std::unique_ptr<QFile> openReport(const QString& fileName) {
     return nullptr;
   }
   auto file = std::make_unique<QFile>(fileName);
-  if (!file->open(QIODevice::WriteOnly | QIODevice::Truncate)) {
+  const bool isOpen = fileName == QLatin1String("-") ? file->open(stdout, QIODevice::WriteOnly)
+                                                     : file->open(QIODevice::WriteOnly | QIODevice::Truncate);
+  if (!isOpen) {
     throw HostError(QStringLiteral("The report %1 could not be written: %2").arg(fileName, file->errorString()));
   }
   return file;
