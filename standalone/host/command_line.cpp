@@ -25,7 +25,7 @@ void describe(QCommandLineParser& parser) {
        "button), close (closes the test's window, then the question). The default is ask.",
        "who"},
       {"timeout", "How long the live picture of the capture test is shown.", "seconds"},
-      {"json", "Writes one line of JSON for each test into a new file, or to the standard output (-).", "file"},
+      {"json", "Writes one line of JSON for each test into a new file; - is standard output.", "file"},
       {"pictures", "Saves a picture of the screen for each window into this folder.", "folder"},
       {"module", "The module's library; by default module_camera.dll beside this program.", "file"},
       {"cancel-after", "Cancels each test after so many seconds.", "seconds"},

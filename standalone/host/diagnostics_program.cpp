@@ -113,9 +113,9 @@ std::unique_ptr<QFile> openReport(const QString& fileName) {
     return nullptr;
   }
   auto file = std::make_unique<QFile>(fileName);
-  const bool opened = fileName == "-" ? file->open(stdout, QIODevice::WriteOnly)
-                                      : file->open(QIODevice::WriteOnly | QIODevice::Truncate);
-  if (!opened) {
+  const bool isOpen = fileName == QLatin1String("-") ? file->open(stdout, QIODevice::WriteOnly)
+                                                     : file->open(QIODevice::WriteOnly | QIODevice::Truncate);
+  if (!isOpen) {
     throw HostError(QStringLiteral("The report %1 could not be written: %2").arg(fileName, file->errorString()));
   }
   return file;
