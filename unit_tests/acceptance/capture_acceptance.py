@@ -1,8 +1,10 @@
 """Acceptance runs of the capture test: the finished DLL, loaded by the host, on virtual cameras, with real windows."""
 
 import os
+import threading
 import unittest
 
+import desktop
 from host_run import PROGRAMS, HostRun, camera, wine_path
 from png_pixels import Picture
 
@@ -94,6 +96,45 @@ class CaptureAcceptance(unittest.TestCase):
         self.check(run, 4, "cancelled", [])
         run = HostRun([camera()], *CAPTURE, "--answer", "pass", "--event-after", "2:1", "--timeout", "30")
         self.check(run, 4, "cancelled", ["TEST_ABORTED_BY_EVENT"])
+
+
+class UserAcceptance(unittest.TestCase):
+    """The tests ask a user, who answers with the keyboard and the mouse."""
+
+    def run_with_user(self, *steps):
+        outcome = []
+        thread = threading.Thread(
+            target=lambda: outcome.append(HostRun([camera()], *CAPTURE, "--answer", "ask", "--timeout", "60")))
+        thread.start()
+        known = set()
+        try:
+            desktop.wait_for_new_window(known)  # the host's own window
+            for step in steps:
+                step(desktop.wait_for_new_window(known))
+        finally:
+            thread.join(90)
+        report, = outcome[0].reports
+        return report
+
+    def test_keyboard_alone(self):
+        report = self.run_with_user(lambda window: desktop.press("Return"), lambda window: desktop.press("Escape"),
+                                    lambda window: desktop.press("Return"))
+        self.assertEqual((report["result"], report["messages"]), (0, []))
+        self.assertLess(report["seconds"], 20)
+
+    def test_mouse_drags_and_closes_the_dialog(self):
+        places = []
+
+        def drag_and_close(window):
+            desktop.drag(window.x + 150, window.y + 20, window.x + 90, window.y + 60)
+            moved = desktop.Window(window.number)
+            places.append((moved.x - window.x, moved.y - window.y))
+            desktop.click(moved.x + moved.width - 24, moved.y + 24)
+
+        report = self.run_with_user(lambda window: desktop.press("Return"), drag_and_close,
+                                    lambda window: desktop.press("Escape"))
+        self.assertEqual(places, [(-60, 40)])
+        self.assertEqual((report["result"], report["messages"]), (4, []))
 
 
 class DiscoveryAcceptance(unittest.TestCase):

@@ -1,0 +1,50 @@
+"""A user at the desktop: finds the program's windows and works them with real key and mouse events (xdotool)."""
+
+import subprocess
+import time
+
+
+def _xdotool(*arguments):
+    return subprocess.run(["xdotool", *arguments], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
+                          check=False).stdout.decode()
+
+
+class Window:
+    def __init__(self, number):
+        values = dict(line.split("=") for line in _xdotool("getwindowgeometry", "--shell", number).split() if "=" in line)
+        self.number = number
+        self.x, self.y = int(values.get("X", -1)), int(values.get("Y", -1))
+        self.width, self.height = int(values.get("WIDTH", 0)), int(values.get("HEIGHT", 0))
+
+
+def wait_for_new_window(known, seconds=20):
+    """The window that shows up beside those in `known`, a set of numbers to which it is added."""
+    end = time.monotonic() + seconds
+    while time.monotonic() < end:
+        for number in _xdotool("search", "--onlyvisible", "--name", ".").split():
+            if number in known:
+                continue
+            window = Window(number)
+            if window.width > 100 and window.height > 100:
+                known.add(number)
+                time.sleep(0.7)  # until it is painted and has the focus
+                return Window(number)
+        time.sleep(0.1)
+    raise TimeoutError("no new window came up")
+
+
+def press(key):
+    _xdotool("key", key)
+
+
+def click(x, y):
+    _xdotool("mousemove", str(x), str(y), "click", "1")
+
+
+def drag(from_x, from_y, to_x, to_y):
+    _xdotool("mousemove", str(from_x), str(from_y), "mousedown", "1")
+    for step in range(1, 6):
+        _xdotool("mousemove", str(from_x + (to_x - from_x) * step // 5), str(from_y + (to_y - from_y) * step // 5))
+        time.sleep(0.05)
+    _xdotool("mouseup", "1")
+    time.sleep(0.3)
