@@ -1,0 +1,156 @@
+#include "ui/camera_barcode_dialog.h"
+
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QPixmap>
+#include <QScreen>
+
+#include "ui/barcode_sizes.h"
+#include "ui/dialog_focus.h"
+#include "ui/dialog_text.h"
+#include "ui/ui_camera_barcode_dialog.h"
+#include "ui/viewfinder.h"
+#include "utils/platform/narrator.h"
+
+using vexa::utils::platform::IsNarratorRunning;
+
+namespace {
+
+/// From this image width on the viewfinder is the large one.
+constexpr int kLargeViewfinderWidth = 720;
+
+}  // namespace
+
+CameraBarcodeDialog::CameraBarcodeDialog(QWidget* parent, QObject* eventFilter)
+    : InputDialog(parent, eventFilter), ui(std::make_unique<Ui::CameraBarcodeDialog>()) {
+  ui->setupUi(this);
+  setTexts();
+  setWindowModality(Qt::ApplicationModal);
+  // Unlike the capture test's dialog this one does not stay on top.
+  setWindowFlags(Qt::Dialog | Qt::FramelessWindowHint);
+
+  connect(ui->camera_barcode_test_header_close, SIGNAL(clicked()), this, SLOT(OnClosePushButtonClicked()));
+  connect(ui->camera_barcode_test_button_fail, SIGNAL(clicked()), this, SLOT(OnFailButtonClicked()));
+  connect(this, SIGNAL(finished(int)), this, SLOT(Close()));
+
+  ui->camera_barcode_test_header_close->setCursor(Qt::PointingHandCursor);
+  ui->camera_barcode_test_button_fail->setCursor(Qt::PointingHandCursor);
+  if (IsNarratorRunning()) {
+    prepareForScreenReader();
+  } else {
+    ui->camera_barcode_test_button_fail->setFocus(Qt::OtherFocusReason);
+  }
+  fitToScreen();
+
+  ui->camera_barcode_test_step_one_current->show();
+  ui->camera_barcode_test_step_two_waiting->show();
+  ui->camera_barcode_test_step_one_warning->hide();
+  ui->camera_barcode_test_step_two_current->hide();
+  ui->camera_barcode_test_warning_container->hide();
+  setResult(kNoAnswer);
+}
+
+CameraBarcodeDialog::~CameraBarcodeDialog() {
+  announceDestruction();
+}
+
+void CameraBarcodeDialog::setTexts() {
+  setWindowTitle(DialogText(dialog_keys::kApplicationName));
+  ui->camera_barcode_test_information_message->setText(DialogText(dialog_keys::kCameraPointBarcodeMessage));
+  ui->camera_barcode_test_information_message->setAlignment(Qt::AlignCenter);
+  ui->camera_barcode_test_warning_message_small->setText(DialogText(dialog_keys::kCameraBarcodeRetryMessage));
+  ui->camera_barcode_test_warning_message->setText(DialogText(dialog_keys::kCameraBarcodeWarning));
+  ui->camera_barcode_test_header_label->setText(DialogText(dialog_keys::kCameraBarcodeDialogTitle));
+  ui->camera_barcode_test_button_fail->setText(DialogText(dialog_keys::kFail));
+  ui->camera_barcode_test_fail_text_label->setText(DialogText(dialog_keys::kCameraFailLabel));
+}
+
+void CameraBarcodeDialog::prepareForScreenReader() {
+  ui->camera_barcode_test_header_label->setFocusPolicy(Qt::StrongFocus);
+  ui->camera_barcode_test_fail_text_label->setFocusPolicy(Qt::StrongFocus);
+  ui->camera_barcode_test_information_message->setFocusPolicy(Qt::StrongFocus);
+  ui->camera_barcode_test_camera_image->setFocusPolicy(Qt::StrongFocus);
+  ui->camera_barcode_test_header_label->setFocus(Qt::OtherFocusReason);
+  ui->camera_barcode_test_header_close->setAccessibleDescription(DialogText(dialog_keys::kClosePopUp));
+  ui->camera_barcode_test_camera_image->setAccessibleDescription(DialogText(dialog_keys::kCamera));
+  focusWidgets = StrongFocusWidgets(*this);
+}
+
+void CameraBarcodeDialog::fitToScreen() {
+  const QScreen* const screen = QGuiApplication::primaryScreen();
+  const BarcodeSizes sizes = BarcodeSizesFor(screen != nullptr ? screen->geometry().width() : 0);
+  imageWidth = sizes.imageWidth;
+  imageHeight = sizes.imageHeight;
+  grayAreaHeight = sizes.grayAreaHeight;
+  ui->camera_barcode_test_gray_area_top->setMinimumHeight(grayAreaHeight);
+  ui->camera_barcode_test_gray_area_bottom->setMinimumHeight(grayAreaHeight);
+  // The dialog as a whole, not only its picture.
+  setMaximumSize(imageWidth, imageHeight);
+}
+
+void CameraBarcodeDialog::ShowRetry() {
+  ui->camera_barcode_test_step_one_current->hide();
+  ui->camera_barcode_test_step_two_waiting->hide();
+  ui->camera_barcode_test_step_one_warning->show();
+  ui->camera_barcode_test_step_two_current->show();
+  ui->camera_barcode_test_warning_container->show();
+  if (!IsNarratorRunning()) return;
+  ui->camera_barcode_test_warning_message->setFocusPolicy(Qt::StrongFocus);
+  ui->camera_barcode_test_warning_message_small->setFocusPolicy(Qt::StrongFocus);
+  focusWidgets = StrongFocusWidgets(*this);
+}
+
+bool CameraBarcodeDialog::LoadFrame(QImage image) {
+  if (!image.isNull()) {
+    image = image.scaled(imageWidth, imageHeight, Qt::IgnoreAspectRatio, Qt::FastTransformation);
+    DrawViewfinder(image, imageWidth < kLargeViewfinderWidth);
+  }
+  ui->camera_barcode_test_camera_image->setPixmap(QPixmap::fromImage(image));
+  return true;
+}
+
+void CameraBarcodeDialog::Close() {
+  if (!failed) StoreResult(*this, resultTarget, kDialogClosed);
+  emit closing();
+  close();
+}
+
+void CameraBarcodeDialog::OnFailButtonClicked() {
+  StoreResult(*this, resultTarget, kFailedByUser);
+  failed = true;
+  emit closing();
+  close();
+}
+
+void CameraBarcodeDialog::OnClosePushButtonClicked() {
+  // Closing counts even after the fail button.
+  StoreResult(*this, resultTarget, kDialogClosed);
+  if (!failed) StoreResult(*this, resultTarget, kDialogClosed);
+  emit closing();
+  close();
+}
+
+void CameraBarcodeDialog::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape) {
+    OnClosePushButtonClicked();
+    return;
+  }
+  // Without a screen reader the dialog reacts to Escape only: Enter must not press a button.
+  if (!IsNarratorRunning() || focusWidgets.isEmpty()) return;
+  StepFocus(focusWidgets, event->key(), HiddenWidgets::kSkip);
+  QDialog::keyPressEvent(event);
+}
+
+void CameraBarcodeDialog::mousePressEvent(QMouseEvent* event) {
+  drag.press(*this, *ui->camera_barcode_test_widget_header, *ui->camera_barcode_test_header_close, *event);
+}
+
+void CameraBarcodeDialog::mouseMoveEvent(QMouseEvent* event) {
+  drag.move(*this, *event);
+}
+
+void CameraBarcodeDialog::mouseReleaseEvent(QMouseEvent*) {
+  drag.release(*this, *ui->camera_barcode_test_widget_header);
+}
+
+void CameraBarcodeDialog::resizeEvent(QResizeEvent*) {}

@@ -1,0 +1,50 @@
+#include "ui/camera_barcode_widget_wrapper.h"
+
+#include "ui/camera_barcode_dialog.h"
+
+CameraBarcodeWidgetWrapper::CameraBarcodeWidgetWrapper(QSize size, TestExecutionContext* executionContext)
+    : AbstractWidgetWrapper(executionContext), frameSize(size) {}
+
+CameraBarcodeWidgetWrapper::~CameraBarcodeWidgetWrapper() = default;
+
+bool CameraBarcodeWidgetWrapper::CreateWidget(QWidget* parent, QObject* eventFilter) {
+  auto* const created = new CameraBarcodeDialog(parent, eventFilter);
+  dialog.set(created);
+
+  result = kNoAnswer;
+  created->setResult(kNoAnswer);
+  created->setAttribute(Qt::WA_DeleteOnClose);
+
+  // The share keeps this wrapper, to which the dialog writes, alive until the dialog is gone.
+  const auto forget = [this, share = weak_from_this().lock()]() mutable {
+    dialog.clear();
+    share.reset();
+  };
+  connect(created, &QObject::destroyed, created, forget, Qt::DirectConnection);
+  connect(this, SIGNAL(UpdateFrame(QImage)), created, SLOT(LoadFrame(QImage)));
+  connect(this, SIGNAL(CloseDialog()), created, SLOT(close()));
+  created->resultTarget = &result;
+
+  QImage black(frameSize, QImage::Format_RGB32);
+  black.fill(Qt::black);
+  SendFrame(black);
+  BringToFront(*created);
+  return true;
+}
+
+void CameraBarcodeWidgetWrapper::SendFrame(const QImage& image) {
+  if (dialog.isOpen()) emit UpdateFrame(image);
+}
+
+void CameraBarcodeWidgetWrapper::Close() {
+  if (dialog.isOpen()) emit CloseDialog();
+}
+
+int CameraBarcodeWidgetWrapper::GetResult() const {
+  const int answer = result.load(std::memory_order_relaxed);
+  return answer == kDialogClosed || answer == kFailedByUser ? answer : kNoAnswer;
+}
+
+void CameraBarcodeWidgetWrapper::ShowRetry() {
+  dialog.with([](CameraBarcodeDialog& open) { open.ShowRetry(); });
+}
