@@ -136,6 +136,12 @@ void CameraSource::frameTime(quint64 number, double seconds) {
     removalSent = true;
     broadcastRemoval(symbolicLink.toStdWString());
   }
+  // Also in a stall: a tick says that there is a gap.
+  if (state.ticks > ticksSent && stream.hasRequest()) {
+    ++ticksSent;
+    stream.tick(mediaTime(seconds));
+    return;
+  }
   switch (state.kind) {
     case StreamState::Kind::Silence:
       return;
@@ -150,13 +156,7 @@ void CameraSource::frameTime(quint64 number, double seconds) {
     case StreamState::Kind::Frames:
       break;
   }
-  if (!stream.hasRequest()) return;
-  if (state.ticks > ticksSent) {
-    ++ticksSent;
-    stream.tick(mediaTime(seconds));
-    return;
-  }
-  deliverFrame(number, seconds, state.size.value_or(camera.size));
+  if (stream.hasRequest()) deliverFrame(number, seconds, state.size.value_or(camera.size));
 }
 
 void CameraSource::deliverFrame(quint64 number, double seconds, QSize size) {
