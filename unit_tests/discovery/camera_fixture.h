@@ -35,7 +35,7 @@ class CameraFixture : public testing::Test {
   /// Adds a device with one interface; its texts name it. The references hold until the next device is added.
   static ScriptedDevice& plugIn(const std::wstring& id, const GUID& deviceClass, const std::wstring& path,
                                 const GUID& interfaceClass = VideoCameraInterface) {
-    ScriptedDevice device{.instanceId = id, .deviceClass = deviceClass, .interfaces = {{interfaceClass, path, {}}}};
+    ScriptedDevice device{id, deviceClass, {{interfaceClass, path, {}}}, {}, {}};
     device.setText(SPDRP_FRIENDLYNAME, L"Name of " + id);
     device.setText(SPDRP_MFG, L"Acme");
     scriptedSetupApi().devices.push_back(device);

@@ -7,7 +7,8 @@ namespace {
 
 class PlainCamera : public CameraComponent {
  public:
-  PlainCamera() : CameraComponent({.name = "Cam", .type = CameraType::Internal}) {
+  PlainCamera() : CameraComponent(CameraInfo()) {
+    info.type = CameraType::Internal;
     name = "shown";
     detail = "detail";
     properties = {{"z", "1"}, {"a", "2"}};

@@ -3,6 +3,7 @@
 #include <set>
 
 #include <mfapi.h>
+#include <mferror.h>
 #include <mfidl.h>
 #include <objbase.h>
 

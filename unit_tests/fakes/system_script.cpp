@@ -1,11 +1,40 @@
 #include "unit_tests/fakes/system_script.h"
 
 #include <algorithm>
+#include <atomic>
+#include <cstdlib>
+#include <new>
 
 #include "unit_tests/fakes/scripted_files.h"
 #include "unit_tests/fakes/scripted_media_foundation.h"
 #include "unit_tests/fakes/scripted_registry.h"
 #include "unit_tests/fakes/scripted_setupapi.h"
+
+namespace {
+
+std::atomic<int> arrays{0};
+
+}  // namespace
+
+void* operator new[](std::size_t size) {
+  void* block = std::malloc(size);
+  if (block == nullptr) throw std::bad_alloc();
+  ++arrays;
+  return block;
+}
+
+void operator delete[](void* block) noexcept {
+  if (block != nullptr) --arrays;
+  std::free(block);
+}
+
+void operator delete[](void* block, std::size_t) noexcept {
+  operator delete[](block);
+}
+
+int liveArrays() {
+  return arrays;
+}
 
 void SystemScript::failCall(const std::string& function, int nth) {
   failing[function] = nth;

@@ -5,7 +5,7 @@
 #include <vector>
 
 /// Puts `replacement` in the place of a function that the product imports from a DLL, for the whole program.
-#define SUBSTITUTE_IMPORT(function, replacement) extern "C" decltype(&function) __imp_##function = replacement
+#define SUBSTITUTE_IMPORT(function, replacement) decltype(&function) __imp_##function = replacement
 
 /// Which scripted system calls fail, what was called, and what was acquired and not given back. One for the program.
 class SystemScript {
@@ -42,6 +42,9 @@ class SystemScript {
 };
 
 SystemScript& systemScript();
+
+/// How many blocks of new[] the program's own code holds: the form in which texts cross class boundaries.
+int liveArrays();
 
 /// Forgets everything, devices, registry and sources of the other scripts included; for the start of a test.
 void resetSystemScript();
