@@ -54,6 +54,7 @@ TEST_F(WinCameraScannerTest, fillsTheRecordOfACamera) {
 }
 
 struct NameCase {
+  const char* title;
   const wchar_t* path;
   bool friendlyName;
   const wchar_t* interfaceName;
@@ -75,12 +76,14 @@ TEST_P(CameraNameTest, isTheFirstThatTheDeviceHas) {
   EXPECT_EQ(camera.type, wanted.type);
 }
 
-INSTANTIATE_TEST_SUITE_P(, CameraNameTest,
-                         testing::Values(NameCase{L"\\\\?\\usb#1", true, L"Pin", "Name of A", CameraType::Usb},
-                                         NameCase{L"\\\\?\\usb#1", false, L"Pin", "Pin", CameraType::Usb},
-                                         NameCase{L"\\\\?\\usb#1", false, nullptr, "AcmeUSB Camera", CameraType::Usb},
-                                         NameCase{L"\\\\?\\display#1", false, nullptr, "AcmeInternal Camera",
-                                                  CameraType::Internal}));
+INSTANTIATE_TEST_SUITE_P(
+    , CameraNameTest,
+    testing::Values(NameCase{"friendlyName", L"\\\\?\\usb#1", true, L"Pin", "Name of A", CameraType::Usb},
+                    NameCase{"interfaceName", L"\\\\?\\usb#1", false, L"Pin", "Pin", CameraType::Usb},
+                    NameCase{"madeUpUsb", L"\\\\?\\usb#1", false, nullptr, "AcmeUSB Camera", CameraType::Usb},
+                    NameCase{"madeUpInternal", L"\\\\?\\display#1", false, nullptr, "AcmeInternal Camera",
+                             CameraType::Internal}),
+    [](const auto& tested) { return tested.param.title; });
 
 TEST_F(WinCameraScannerTest, putsTheBatchOfTheLastSearchFirst) {
   plugInCamera(L"CAMERA\\B", CameraSetupClass, L"\\\\?\\usb#b");
