@@ -1,0 +1,234 @@
+// The finished DLL as a host sees it: three exports, and objects that are called by place alone.
+
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <filesystem>
+#include <map>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "by_place.h"
+
+std::wstring LoadedModule::path() {
+  return std::filesystem::absolute(MODULE).make_preferred().wstring();
+}
+
+LoadedModule::LoadedModule() : library(LoadLibraryExW(path().c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH)) {
+  if (!library) throw "the module could not be loaded: " + std::to_string(GetLastError());
+}
+
+LoadedModule::~LoadedModule() {
+  release();
+  FreeLibrary(library);
+}
+
+namespace {
+
+using Aliases = std::map<Identifier, struct Alias>;
+using NumberedTexts = std::map<std::int32_t, std::string>;
+
+struct Alias {
+  std::string shortAlias;
+  std::string longAlias;
+  std::uint32_t count;
+};
+
+struct Words {
+  std::uint64_t words[3];
+};
+
+struct Record {
+  std::string texts[5];
+  std::uint64_t number;
+  std::string lastText;
+};
+
+void expectSame(const Identifier& found, const Identifier& expected) {
+  EXPECT_EQ(found.module, expected.module);
+  EXPECT_EQ(found.diagnostic, expected.diagnostic);
+  EXPECT_EQ(found.test, expected.test);
+  EXPECT_EQ(found.key, expected.key);
+}
+
+class ModuleContract : public testing::Test {
+ protected:
+  void* resource() { return call<void*>(module.instance(), 4); }
+  void* manager() { return call<void*>(module.instance(), 5); }
+
+  std::string textFor(std::size_t place, const Identifier& id) {
+    return call<std::string, const Identifier&>(resource(), place, id);
+  }
+
+  LoadedModule module;
+};
+
+TEST_F(ModuleContract, ReleasingBeforeTheModuleWasBuiltDoesNothing) {
+  module.release();
+  module.release();
+  EXPECT_NE(module.instance(), nullptr);
+}
+
+TEST_F(ModuleContract, TheModuleIsOneObjectUntilReleasedAndIsThenBuiltAnew) {
+  void* const first = module.instance();
+  ASSERT_NE(first, nullptr);
+  EXPECT_EQ(module.instance(), first);
+
+  const NumberedTexts changed = {{7, "seven"}};
+  call<void, const NumberedTexts&>(resource(), 13, changed);
+  ASSERT_EQ(call<NumberedTexts>(resource(), 12), changed);
+  EXPECT_EQ(call<NumberedTexts>(call<void*>(module.instance(), 4), 12), changed) << "the same resource every time";
+
+  module.release();
+  EXPECT_EQ(call<NumberedTexts>(resource(), 12), (NumberedTexts{{0, "0 - 1"}, {1, ""}, {2, ""}}));
+}
+
+TEST_F(ModuleContract, ModuleInterface) {
+  void* const object = module.instance();
+  EXPECT_NE(call<void*>(object, 2, std::uint32_t{0}), nullptr);
+  EXPECT_EQ(call<void*>(object, 2, std::uint32_t{1}), nullptr);
+  EXPECT_EQ(call<void*>(object, 2, ~std::uint32_t{0}), nullptr);
+  EXPECT_EQ(call<std::size_t>(object, 3), 1u);
+  EXPECT_NE(call<void*>(object, 4), nullptr);
+  EXPECT_NE(call<void*>(object, 5), nullptr);
+  EXPECT_EQ(call<void*>(object, 6, std::uint32_t{0}), nullptr);
+  EXPECT_EQ(call<std::size_t>(object, 7), 0u);
+  EXPECT_EQ(call<void*>(object, 8), nullptr);
+  EXPECT_TRUE(call<bool>(object, 9));
+}
+
+TEST_F(ModuleContract, Diagnostic) {
+  void* const object = module.diagnostic();
+  expectSame(call<Identifier>(object, 2), kDiagnostic);
+  ASSERT_EQ(call<std::size_t>(object, 3), 2u);
+  // A test's identifier is its first field, behind the table and its alignment.
+  expectSame(fieldAt<Identifier>(module.test(0), sizeof(Object)), kCapture);
+  expectSame(fieldAt<Identifier>(module.test(1), sizeof(Object)), kBarcode);
+  EXPECT_EQ(module.test(2), nullptr);
+
+  EXPECT_EQ((call<void*, const Identifier&>(object, 5, kCapture)), module.test(0));
+  EXPECT_EQ((call<void*, const Identifier&>(object, 5, kBarcode)), module.test(1));
+  const Identifier unknown{17, 2, 2, 0x11000002000002};
+  EXPECT_EQ((call<void*, const Identifier&>(object, 5, unknown)), nullptr);
+  const Identifier onlyTheKeyCounts{0, 0, 0, kBarcode.key};
+  EXPECT_EQ((call<void*, const Identifier&>(object, 5, onlyTheKeyCounts)), module.test(1));
+}
+
+TEST_F(ModuleContract, TheFixedAnswersOfBothTests) {
+  for (std::uint32_t index : {0u, 1u}) {
+    SCOPED_TRACE(index);
+    void* const object = module.test(index);
+    EXPECT_FALSE((call<bool, void*>(object, 2, nullptr))) << "no component is not applicable";
+    EXPECT_TRUE(call<bool>(object, 4));
+    EXPECT_FALSE(call<bool>(object, 5));
+    const Record record = {{"one", std::string(100, '2'), "three", "four", "five"}, 6, std::string(100, '7')};
+    call<void, Record>(object, 7, record);
+    for (std::size_t place : {6u, 8u}) {
+      const auto words = call<Words>(object, place);
+      for (std::uint64_t word : words.words) EXPECT_EQ(word, 0u);
+    }
+    EXPECT_TRUE(call<bool>(object, 9));
+    EXPECT_TRUE(call<bool>(object, 10));
+    call<void>(object, 12);
+  }
+}
+
+TEST_F(ModuleContract, Resource) {
+  // Place 2 yields a word that nobody ever writes: only that the call comes back can be told.
+  call<std::uint64_t>(resource(), 2);
+
+  const struct {
+    Identifier id;
+    std::string diagnosticName, testName, diagnosticDescription, testDescription;
+  } rows[] = {
+      {kModule, "", "", "", ""},
+      {kDiagnostic, "QUICK_CAMERA", "", "QUICK_CAMERA_TESTS_TOOLTIP", ""},
+      {kCapture, "", "CAMERA_CAPTURE_TEST", "", "CAMERA_CAPTURE_TEST_DESCRIPTION"},
+      {kBarcode, "", "CAMERA_BARCODE_TEST", "", "CAMERA_BARCODE_TEST_DESCRIPTION"},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.id.key);
+    EXPECT_EQ(textFor(3, row.id), row.diagnosticName);
+    EXPECT_EQ(textFor(4, row.id), row.testName);
+    EXPECT_EQ(textFor(5, row.id), row.diagnosticDescription);
+    EXPECT_EQ(textFor(6, row.id), row.testDescription);
+  }
+
+  EXPECT_EQ(call<std::string>(resource(), 7),
+            "Camera Module help:\n"
+            "  Usage: QuillonDiagnosticsCLI -Mcamera [diagnostic]\"[test(s)]\" [device id(s)]\n"
+            " Tests:\n"
+            "   c, capture\t\t\tCamera Capture Test*\n"
+            "   b, barcode\t\t\tCamera Barcode Test*\n"
+            "\n   * Test not supported on CLI\n");
+  EXPECT_EQ(call<std::string>(resource(), 8), "CAMERA");
+  EXPECT_EQ(call<std::string>(resource(), 9), "CA");
+  EXPECT_EQ(call<NumberedTexts>(resource(), 12), (NumberedTexts{{0, "0 - 1"}, {1, ""}, {2, ""}}));
+}
+
+TEST_F(ModuleContract, TheAliasesOfTheResource) {
+  const struct {
+    std::size_t place;
+    std::vector<std::pair<Identifier, Alias>> entries;
+  } maps[] = {
+      {10, {{kCapture, {"c", "capture", 2}}, {kBarcode, {"b", "barcode", 2}}}},
+      {11, {{kDiagnostic, {"Q", "quick", 2}}}},
+  };
+  for (const auto& expected : maps) {
+    SCOPED_TRACE(expected.place);
+    const auto aliases = call<Aliases>(resource(), expected.place);
+    ASSERT_EQ(aliases.size(), expected.entries.size());
+    auto wanted = expected.entries.begin();
+    for (const auto& [id, alias] : aliases) {
+      expectSame(id, wanted->first);
+      EXPECT_EQ(alias.shortAlias, wanted->second.shortAlias);
+      EXPECT_EQ(alias.longAlias, wanted->second.longAlias);
+      EXPECT_EQ(alias.count, wanted->second.count);
+      ++wanted;
+    }
+  }
+}
+
+TEST_F(ModuleContract, ProductVersionIsNotTheVersionOfTheFile) {
+  void* const version = module.productVersion();
+  EXPECT_EQ(module.productVersion(), version);
+  const std::uint32_t expected[] = {4, 42, 0, 92};
+  for (std::size_t i = 0; i < 4; ++i) EXPECT_EQ(call<std::uint32_t>(version, 2 + i), expected[i]) << "place " << 2 + i;
+
+  const std::wstring path = LoadedModule::path();
+  std::vector<char> block(GetFileVersionInfoSizeW(path.c_str(), nullptr));
+  ASSERT_TRUE(GetFileVersionInfoW(path.c_str(), 0, static_cast<DWORD>(block.size()), block.data())) << GetLastError();
+  void* found = nullptr;
+  UINT size = 0;
+  ASSERT_TRUE(VerQueryValueW(block.data(), L"\\", &found, &size));
+  const auto* const file = static_cast<const VS_FIXEDFILEINFO*>(found);
+  EXPECT_EQ(file->dwFileVersionMS, MAKELONG(12, 5));
+  EXPECT_EQ(file->dwFileVersionLS, MAKELONG(92, 0));
+  ASSERT_TRUE(VerQueryValueW(block.data(), L"\\StringFileInfo\\040904b0\\FileVersion", &found, &size));
+  EXPECT_STREQ(static_cast<const wchar_t*>(found), L"5.12.0.92");
+}
+
+TEST_F(ModuleContract, TheComponentManagerWithoutCameras) {
+  expectSame(call<Identifier>(manager(), 2), kModule);
+  for (bool refreshed : {false, true}) {
+    SCOPED_TRACE(refreshed ? "after a refresh" : "before any refresh");
+    if (refreshed) call<void>(manager(), 7);
+    EXPECT_FALSE(call<bool>(manager(), 5));
+    EXPECT_EQ(call<std::size_t>(manager(), 3), 0u);
+    EXPECT_EQ(call<void*>(manager(), 4, std::uint32_t{0}), nullptr);
+
+    // Exactly at the end it throws, beyond it answers null; the exception crosses the boundary of the DLL.
+    try {
+      call<void*>(manager(), 6, std::uint32_t{0});
+      FAIL() << "no exception";
+    } catch (const std::out_of_range& error) {
+      EXPECT_STREQ(error.what(), "invalid vector subscript");
+    }
+    EXPECT_EQ(call<void*>(manager(), 6, std::uint32_t{1}), nullptr);
+  }
+}
+
+}  // namespace
