@@ -1,6 +1,6 @@
 #include "tests/camera_capture_test.h"
 
-#include <QKeyEvent>
+#include <QLabel>
 
 #include <stdexcept>
 
