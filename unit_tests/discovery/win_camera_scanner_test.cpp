@@ -1,5 +1,6 @@
 #include "discovery/win_camera_scanner.h"
 
+#include <ostream>
 #include <set>
 
 #include <gmock/gmock.h>
@@ -61,6 +62,10 @@ struct NameCase {
   const char* expected;
   CameraType type;
 };
+
+void PrintTo(const NameCase& wanted, std::ostream* out) {
+  *out << wanted.title;
+}
 
 class CameraNameTest : public WinCameraScannerTest, public testing::WithParamInterface<NameCase> {};
 
