@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <stdexcept>
 #include <string>
 
 /// Any function; every entry of a table is cast to what it is.
@@ -65,7 +66,7 @@ class LoadedModule {
   template <class Function>
   Function* function(const char* name) {
     const FARPROC address = GetProcAddress(library, name);
-    if (!address) throw std::string("the module exports no ") + name;
+    if (!address) throw std::runtime_error(std::string("the module exports no ") + name);
     return reinterpret_cast<Function*>(reinterpret_cast<Entry>(address));
   }
 
