@@ -2,7 +2,6 @@
 
 #include <QLabel>
 #include <QPushButton>
-#include <QTranslator>
 
 #include <functional>
 #include <memory>
@@ -34,17 +33,6 @@ class CameraDialogTest : public testing::Test {
   QObject hostFilter;
   DialogResult result{0};
   std::unique_ptr<CameraDialog> dialog;
-};
-
-/// Translates a key into itself with a mark, and only in the context of the dialogs.
-class MarkingTranslator : public QTranslator {
- public:
-  MarkingTranslator() { QCoreApplication::installTranslator(this); }
-  QString translate(const char* context, const char* key, const char*, int) const override {
-    return QLatin1String(context) == QLatin1String("CAMERA") ? QStringLiteral("<%1>").arg(QLatin1String(key))
-                                                             : QString();
-  }
-  bool isEmpty() const override { return false; }
 };
 
 TEST_F(CameraDialogTest, HasItsForm) {

@@ -101,21 +101,6 @@ TEST_F(CameraWidgetWrapperTest, AnswersTheCloseAndNoTwo) {
   EXPECT_EQ(wrapper->GetResult(), 5);
 }
 
-/// Runs a piece of code as a test of the host does: on a thread of its own, while this one runs the event loop.
-template <class Work>
-void runOnWorkerThread(Work work) {
-  const std::unique_ptr<QThread> thread(QThread::create(work));
-  thread->start();
-  EXPECT_TRUE(QTest::qWaitFor([&] { return thread->isFinished(); }, 20000));
-  thread->wait();
-}
-
-/// What the host does with a dialog request: runs `CreateWidget` on its own thread and returns when it has.
-void createOnUserInterfaceThread(CameraWidgetWrapper& wrapper, QObject& hostFilter) {
-  QMetaObject::invokeMethod(
-      qApp, [&] { wrapper.CreateWidget(nullptr, &hostFilter); }, Qt::BlockingQueuedConnection);
-}
-
 TEST_F(CameraWidgetWrapperTest, CarriesFramesAndTheCloseFromATestsThread) {
   QImage last;
   int answer = -1;

@@ -3,15 +3,21 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QThread>
+#include <QTranslator>
 #include <QMetaMethod>
 #include <QWidget>
 #include <QtCore/qtestsupport_core.h>
 
 #include <atomic>
+#include <memory>
 #include <string>
 #include <vector>
 
+#include <gtest/gtest.h>
+
 #include "module/test_execution_context.h"
+#include "ui/abstract_widget_wrapper.h"
 
 // What the tests of the dialogs share.
 
@@ -66,4 +72,30 @@ inline std::vector<std::string> ownMethods(const QMetaObject& meta) {
     signatures.push_back(meta.method(i).methodSignature().toStdString());
   }
   return signatures;
+}
+
+/// Translates a key into itself with a mark, and only in the context of the dialogs.
+class MarkingTranslator : public QTranslator {
+ public:
+  MarkingTranslator() { QCoreApplication::installTranslator(this); }
+  QString translate(const char* context, const char* key, const char*, int) const override {
+    return QLatin1String(context) == QLatin1String("CAMERA") ? QStringLiteral("<%1>").arg(QLatin1String(key))
+                                                             : QString();
+  }
+  bool isEmpty() const override { return false; }
+};
+
+/// Runs a piece of code as a test of the host does: on a thread of its own, while this one runs the event loop.
+template <class Work>
+void runOnWorkerThread(Work work) {
+  const std::unique_ptr<QThread> thread(QThread::create(work));
+  thread->start();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return thread->isFinished(); }, 20000));
+  thread->wait();
+}
+
+/// What the host does with a dialog request: runs `CreateWidget` on its own thread and returns when it has.
+inline void createOnUserInterfaceThread(AbstractWidgetWrapper& wrapper, QObject& hostFilter) {
+  QMetaObject::invokeMethod(
+      qApp, [&] { wrapper.CreateWidget(nullptr, &hostFilter); }, Qt::BlockingQueuedConnection);
 }

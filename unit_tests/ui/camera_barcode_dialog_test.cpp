@@ -1,0 +1,354 @@
+#include "ui/camera_barcode_dialog.h"
+
+#include <QGuiApplication>
+#include <QLabel>
+#include <QPushButton>
+#include <QScreen>
+
+#include <functional>
+#include <memory>
+
+#include <gmock/gmock.h>
+
+#include "ui/barcode_sizes.h"
+#include "ui/viewfinder.h"
+#include "unit_tests/fakes/fake_platform.h"
+#include "unit_tests/ui/dialog_helpers.h"
+#include "unit_tests/ui/form_checks.h"
+
+namespace {
+
+using testing::ElementsAre;
+
+const std::string kPrefix = "camera_barcode_test_";
+
+class CameraBarcodeDialogTest : public testing::Test {
+ protected:
+  void SetUp() override { fakePlatform() = {}; }
+
+  void create() {
+    dialog = std::make_unique<CameraBarcodeDialog>(nullptr, &hostFilter);
+    dialog->resultTarget = &result;
+  }
+
+  QWidget* part(const std::string& name) const { return child(*dialog, kPrefix + name); }
+
+  /// Presses the key until the focus has come round, and returns where it was.
+  std::vector<std::string> walk(int key) {
+    std::vector<std::string> names;
+    do {
+      pressKey(*dialog, key);
+      names.push_back(dialog->focusWidget()->objectName().mid(static_cast<int>(kPrefix.size())).toStdString());
+    } while (names.size() < 20 && (names.size() == 1 || names.back() != names.front()));
+    names.pop_back();
+    return names;
+  }
+
+  QObject hostFilter;
+  DialogResult result{0};
+  std::unique_ptr<CameraBarcodeDialog> dialog;
+};
+
+TEST_F(CameraBarcodeDialogTest, HasItsForm) {
+  constexpr auto kGrow = QSizePolicy::MinimumExpanding;
+  constexpr auto kLeast = QSizePolicy::Minimum;
+  constexpr auto kMost = QSizePolicy::Maximum;
+  constexpr auto kPlain = QSizePolicy::Preferred;
+  constexpr auto kNone = Qt::NoFocus;
+  constexpr FormWidget kForm[] = {
+      {"CameraBarcodeDialog", "CameraBarcodeDialog", "", {kGrow, kGrow}, kNone, "verticalLayout_2", "QVBoxLayout", 0},
+      {"border_widget", "QWidget", "CameraBarcodeDialog", {kPlain, kPlain}, kNone, "verticalLayout", "QVBoxLayout", 1},
+      {"camera_barcode_test_widget_header",
+       "QWidget",
+       "border_widget",
+       {kGrow, kGrow},
+       kNone,
+       "camera_barcode_test_horizontalLayout_2",
+       "QHBoxLayout"},
+      {"camera_barcode_test_header_icon", "QLabel", "camera_barcode_test_widget_header"},
+      {"camera_barcode_test_header_label", "QLabel", "camera_barcode_test_widget_header"},
+      {"camera_barcode_test_header_close",
+       "QPushButton",
+       "camera_barcode_test_widget_header",
+       {kLeast, QSizePolicy::Fixed},
+       Qt::StrongFocus},
+      {"camera_barcode_test_widget_instruction",
+       "QWidget",
+       "border_widget",
+       {kGrow, kGrow},
+       kNone,
+       "camera_barcode_test_verticalLayout",
+       "QVBoxLayout"},
+      {"camera_barcode_test_gray_area_top",
+       "QWidget",
+       "camera_barcode_test_widget_instruction",
+       {kLeast, kLeast},
+       kNone,
+       "camera_barcode_test_verticalLayout_4",
+       "QVBoxLayout"},
+      {"camera_barcode_test_information_message_container",
+       "QWidget",
+       "camera_barcode_test_gray_area_top",
+       {kMost, kMost},
+       kNone,
+       "camera_barcode_test_verticalLayout_5",
+       "QVBoxLayout",
+       -1,
+       Qt::AlignHCenter},
+      {"camera_barcode_test_information_message",
+       "QLabel",
+       "camera_barcode_test_information_message_container",
+       {kGrow, kGrow}},
+      {"camera_barcode_test_steps_widget",
+       "QWidget",
+       "camera_barcode_test_gray_area_top",
+       {kPlain, kPlain},
+       kNone,
+       "camera_barcode_test_horizontalLayout_3",
+       "QHBoxLayout",
+       -1,
+       Qt::AlignHCenter},
+      {"camera_barcode_test_step_one_current", "QLabel", "camera_barcode_test_steps_widget"},
+      {"camera_barcode_test_step_one_warning", "QLabel", "camera_barcode_test_steps_widget"},
+      {"camera_barcode_test_step_two_waiting", "QLabel", "camera_barcode_test_steps_widget"},
+      {"camera_barcode_test_step_two_current", "QLabel", "camera_barcode_test_steps_widget"},
+      {"camera_barcode_test_camera_image", "QLabel", "camera_barcode_test_widget_instruction", {kGrow, kGrow}},
+      {"camera_barcode_test_gray_area_bottom",
+       "QWidget",
+       "camera_barcode_test_widget_instruction",
+       {kLeast, kLeast},
+       kNone,
+       "camera_barcode_test_verticalLayout_3",
+       "QVBoxLayout"},
+      {"camera_barcode_test_warning_container",
+       "QWidget",
+       "camera_barcode_test_gray_area_bottom",
+       {kMost, kMost},
+       kNone,
+       "camera_barcode_test_verticalLayout_6",
+       "QVBoxLayout",
+       -1,
+       Qt::AlignCenter},
+      {"camera_barcode_test_warning_message_icon_container",
+       "QWidget",
+       "camera_barcode_test_warning_container",
+       {kPlain, kPlain},
+       kNone,
+       "camera_barcode_test_horizontalLayout_4",
+       "QHBoxLayout",
+       -1,
+       Qt::AlignHCenter},
+      {"camera_barcode_test_warning_message_icon", "QLabel", "camera_barcode_test_warning_message_icon_container"},
+      {"camera_barcode_test_warning_message", "QLabel", "camera_barcode_test_warning_message_icon_container"},
+      {"camera_barcode_test_warning_message_small", "QLabel", "camera_barcode_test_warning_container"},
+      {"camera_barcode_test_widget_footer",
+       "QWidget",
+       "border_widget",
+       {kGrow, kGrow},
+       kNone,
+       "buttons_layout",
+       "QHBoxLayout"},
+      {"camera_barcode_test_fail_text_label", "QLabel", "camera_barcode_test_widget_footer"},
+      {"camera_barcode_test_button_fail",
+       "QPushButton",
+       "camera_barcode_test_widget_footer",
+       {kLeast, QSizePolicy::Fixed},
+       Qt::StrongFocus},
+  };
+  create();
+  checkForm(*dialog, kForm);
+  EXPECT_TRUE(child<QPushButton>(*dialog, kPrefix + "header_close")->isFlat());
+  EXPECT_EQ(child<QLabel>(*dialog, kPrefix + "fail_text_label")->alignment(), Qt::AlignLeft);
+  EXPECT_EQ(child<QLabel>(*dialog, kPrefix + "information_message")->alignment(), Qt::AlignCenter);
+  const QSpacerItem* const spacer = part("widget_footer")->layout()->itemAt(1)->spacerItem();
+  ASSERT_NE(spacer, nullptr);
+  EXPECT_EQ(spacer->sizeHint(), QSize(0, 32));
+  EXPECT_EQ(spacer->expandingDirections(), Qt::Horizontal);
+  EXPECT_THAT(
+      ownMethods(CameraBarcodeDialog::staticMetaObject),
+      ElementsAre("closing()", "LoadFrame(QImage)", "Close()", "OnFailButtonClicked()", "OnClosePushButtonClicked()"));
+}
+
+TEST_F(CameraBarcodeDialogTest, ShowsItsTextsAndTheFirstAttempt) {
+  const MarkingTranslator translator;
+  create();
+  EXPECT_EQ(dialog->windowFlags().toInt(), 0x803);
+  EXPECT_EQ(dialog->windowModality(), Qt::ApplicationModal);
+  EXPECT_EQ(dialog->windowTitle(), "<APPLICATION_NAME>");
+  const std::pair<const char*, const char*> texts[] = {{"header_label", "<CAMERA_BARCODE_DIALOG_TITLE>"},
+                                                       {"information_message", "<CAMERA_POINT_BARCODE_MESSAGE>"},
+                                                       {"warning_message", "<CAMERA_BARCODE_WARNING>"},
+                                                       {"warning_message_small", "<CAMERA_BARCODE_RETRY_MESSAGE>"},
+                                                       {"fail_text_label", "<CAMERA_FAIL_LABEL>"}};
+  for (const auto& [name, text] : texts) EXPECT_EQ(child<QLabel>(*dialog, kPrefix + name)->text(), text);
+  EXPECT_EQ(child<QPushButton>(*dialog, kPrefix + "button_fail")->text(), "<FAIL>");
+  EXPECT_EQ(dialog->focusWidget(), part("button_fail"));
+
+  const BarcodeSizes sizes = BarcodeSizesFor(QGuiApplication::primaryScreen()->geometry().width());
+  EXPECT_EQ(dialog->maximumSize(), QSize(sizes.imageWidth, sizes.imageHeight));
+  EXPECT_EQ(part("gray_area_top")->minimumHeight(), sizes.grayAreaHeight);
+  EXPECT_EQ(part("gray_area_bottom")->minimumHeight(), sizes.grayAreaHeight);
+
+  dialog->show();
+  const auto visible = [this] {
+    std::vector<std::string> names;
+    for (const char* name :
+         {"step_one_current", "step_one_warning", "step_two_waiting", "step_two_current", "warning_container"}) {
+      if (part(name)->isVisible()) names.push_back(name);
+    }
+    return names;
+  };
+  EXPECT_THAT(visible(), ElementsAre("step_one_current", "step_two_waiting"));
+  for (int again = 0; again < 2; ++again) {
+    dialog->ShowRetry();
+    EXPECT_THAT(visible(), ElementsAre("step_one_warning", "step_two_current", "warning_container"));
+  }
+}
+
+TEST(BarcodeSizesTest, AScreenOnTheBoundaryFallsIntoTheLowerRow) {
+  const auto row = [](int width) {
+    const BarcodeSizes sizes = BarcodeSizesFor(width);
+    return std::vector{sizes.imageWidth, sizes.imageHeight, sizes.grayAreaHeight};
+  };
+  for (const int width : {0, 640, 800}) EXPECT_THAT(row(width), ElementsAre(480, 340, 40));
+  for (const int width : {801, 1280}) EXPECT_THAT(row(width), ElementsAre(640, 360, 50));
+  for (const int width : {1281, 1600}) EXPECT_THAT(row(width), ElementsAre(720, 480, 60));
+  for (const int width : {1601, 3840}) EXPECT_THAT(row(width), ElementsAre(960, 540, 70));
+}
+
+TEST_F(CameraBarcodeDialogTest, TellsFailingFromClosing) {
+  const auto click = [](CameraBarcodeDialog& d, const char* name) { child<QPushButton>(d, kPrefix + name)->click(); };
+  struct Case {
+    const char* name;
+    std::function<void(CameraBarcodeDialog&)> act;
+    int answer;
+  };
+  const Case cases[] = {
+      {"fail", [&](CameraBarcodeDialog& d) { click(d, "button_fail"); }, 2},
+      {"fail, then Close", [&](CameraBarcodeDialog& d) { click(d, "button_fail"), d.Close(); }, 2},
+      {"fail, then Escape", [&](CameraBarcodeDialog& d) { click(d, "button_fail"), pressKey(d, Qt::Key_Escape); }, 5},
+      {"close button", [&](CameraBarcodeDialog& d) { click(d, "header_close"); }, 5},
+      {"Escape", [](CameraBarcodeDialog& d) { pressKey(d, Qt::Key_Escape); }, 5},
+      {"Close", [](CameraBarcodeDialog& d) { d.Close(); }, 5},
+      {"close", [](CameraBarcodeDialog& d) { d.close(); }, 5},
+      {"finished", [](CameraBarcodeDialog& d) { emit d.finished(0); }, 5},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    result = 0;
+    create();
+    int closing = 0;
+    QObject::connect(dialog.get(), &CameraBarcodeDialog::closing, [&] { ++closing; });
+    dialog->show();
+    c.act(*dialog);
+    EXPECT_FALSE(dialog->isVisible());
+    EXPECT_EQ(result, c.answer);
+    EXPECT_EQ(dialog->result(), c.answer);
+    EXPECT_GE(closing, 1);
+  }
+}
+
+TEST_F(CameraBarcodeDialogTest, ArrowsOfAScreenReaderPassOverWhatIsHidden) {
+  create();
+  activate(*dialog);
+  pressKey(*dialog, Qt::Key_Down);
+  EXPECT_TRUE(part("button_fail")->hasFocus()) << "no screen reader";
+
+  fakePlatform().narratorRuns = true;
+  create();
+  activate(*dialog);
+  EXPECT_TRUE(part("header_label")->hasFocus());
+  const std::vector<std::string> down = {"information_message", "camera_image", "fail_text_label",
+                                         "button_fail",         "header_close", "header_label"};
+  EXPECT_THAT(walk(Qt::Key_Down), testing::UnorderedElementsAreArray(down));
+
+  dialog->ShowRetry();
+  part("header_label")->setFocus();
+  auto there = walk(Qt::Key_Down);
+  EXPECT_THAT(there, testing::AllOf(testing::SizeIs(8), testing::Contains("warning_message"),
+                                    testing::Contains("warning_message_small")));
+  part("header_label")->setFocus();
+  auto back = walk(Qt::Key_Up);
+  // Both ways end at the label from which they began.
+  EXPECT_EQ(there.back(), "header_label");
+  EXPECT_EQ(back.back(), "header_label");
+  std::reverse(back.begin(), back.end() - 1);
+  EXPECT_EQ(there, back);
+
+  part("warning_container")->hide();
+  part("header_label")->setFocus();
+  EXPECT_THAT(walk(Qt::Key_Down), testing::UnorderedElementsAreArray(down));
+  part("header_label")->setFocus();
+  EXPECT_THAT(walk(Qt::Key_Up), testing::UnorderedElementsAreArray(down));
+}
+
+TEST_F(CameraBarcodeDialogTest, FollowsTheMouseByItsHeader) {
+  create();
+  activate(*dialog);
+  part("widget_header")->setAttribute(Qt::WA_UnderMouse);
+  sendMouse(*dialog, QEvent::MouseButtonPress, {3, 4}, dialog->pos() + QPoint(3, 4));
+  sendMouse(*dialog, QEvent::MouseMove, {0, 0}, {120, 130});
+  EXPECT_EQ(dialog->pos(), QPoint(117, 126));
+}
+
+TEST_F(CameraBarcodeDialogTest, StretchesAFrameAndDrawsTheViewfinder) {
+  create();
+  const BarcodeSizes sizes = BarcodeSizesFor(QGuiApplication::primaryScreen()->geometry().width());
+  QImage frame(4, 3, QImage::Format_RGB32);
+  frame.fill(Qt::black);
+  EXPECT_TRUE(dialog->LoadFrame(frame));
+  QImage expected(sizes.imageWidth, sizes.imageHeight, QImage::Format_RGB32);
+  expected.fill(Qt::black);
+  DrawViewfinder(expected, sizes.imageWidth < 720);
+  auto* const view = child<QLabel>(*dialog, kPrefix + "camera_image");
+  EXPECT_EQ(view->pixmap().toImage().convertToFormat(QImage::Format_RGB32), expected);
+
+  EXPECT_TRUE(dialog->LoadFrame(QImage()));
+  EXPECT_TRUE(view->pixmap().isNull());
+}
+
+/// The corner marks of one size: `corner` has two marks' x and y, and the ends of their arms.
+class ViewfinderTest : public testing::TestWithParam<bool> {};
+
+TEST_P(ViewfinderTest, DrawsEightCornerMarks) {
+  const bool small = GetParam();
+  QImage image(960, 540, QImage::Format_RGB32);
+  image.fill(Qt::black);
+  DrawViewfinder(image, small);
+  const QPoint center(479, 269);
+
+  struct Marks {
+    int x, y, endX, endY;
+  };
+  const Marks all[] = {small ? Marks{100, 100, 70, 70} : Marks{130, 130, 100, 100},
+                       small ? Marks{230, 50, 205, 25} : Marks{340, 60, 310, 30}};
+  QImage rest = image;
+  for (const Marks& marks : all) {
+    for (const int right : {-1, 1}) {
+      for (const int down : {-1, 1}) {
+        const auto at = [&](int x, int y) { return image.pixelColor(center + QPoint(right * x, down * y)); };
+        const QColor gray(Qt::gray);
+        EXPECT_EQ(at(marks.x, marks.y), gray);
+        EXPECT_EQ(at(marks.endX, marks.y), gray);
+        EXPECT_EQ(at(marks.endX - 4, marks.y), QColor(Qt::black)) << "beyond the round end";
+        EXPECT_EQ(at(marks.x, marks.endY), gray);
+        EXPECT_EQ(at(marks.x, marks.endY - 4), QColor(Qt::black));
+        EXPECT_EQ(at(marks.x, marks.y + 1), gray) << "five wide";
+        EXPECT_EQ(at(marks.x, marks.y + 4), QColor(Qt::black));
+        const QPoint corner = center + QPoint(right * marks.x, down * marks.y);
+        const QPoint end = center + QPoint(right * marks.endX, down * marks.endY);
+        const QRect box = QRect(corner, end).normalized();
+        for (int y = box.top() - 4; y <= box.bottom() + 4; ++y) {
+          for (int x = box.left() - 4; x <= box.right() + 4; ++x) rest.setPixelColor(x, y, Qt::black);
+        }
+      }
+    }
+  }
+  QImage black(image.size(), image.format());
+  black.fill(Qt::black);
+  EXPECT_EQ(rest, black) << "nothing else is drawn";
+}
+
+INSTANTIATE_TEST_SUITE_P(BothSizes, ViewfinderTest, testing::Bool());
+
+}  // namespace
