@@ -14,7 +14,7 @@
 #include "ui/viewfinder.h"
 #include "unit_tests/fakes/fake_platform.h"
 #include "unit_tests/ui/dialog_helpers.h"
-#include "unit_tests/ui/form_checks.h"
+#include "unit_tests/ui/form_text.h"
 
 namespace {
 
@@ -50,113 +50,34 @@ class CameraBarcodeDialogTest : public testing::Test {
 };
 
 TEST_F(CameraBarcodeDialogTest, HasItsForm) {
-  constexpr auto kGrow = QSizePolicy::MinimumExpanding;
-  constexpr auto kLeast = QSizePolicy::Minimum;
-  constexpr auto kMost = QSizePolicy::Maximum;
-  constexpr auto kPlain = QSizePolicy::Preferred;
-  constexpr auto kNone = Qt::NoFocus;
-  constexpr FormWidget kForm[] = {
-      {"CameraBarcodeDialog", "CameraBarcodeDialog", "", {kGrow, kGrow}, kNone, "verticalLayout_2", "QVBoxLayout", 0},
-      {"border_widget", "QWidget", "CameraBarcodeDialog", {kPlain, kPlain}, kNone, "verticalLayout", "QVBoxLayout", 1},
-      {"camera_barcode_test_widget_header",
-       "QWidget",
-       "border_widget",
-       {kGrow, kGrow},
-       kNone,
-       "camera_barcode_test_horizontalLayout_2",
-       "QHBoxLayout"},
-      {"camera_barcode_test_header_icon", "QLabel", "camera_barcode_test_widget_header"},
-      {"camera_barcode_test_header_label", "QLabel", "camera_barcode_test_widget_header"},
-      {"camera_barcode_test_header_close",
-       "QPushButton",
-       "camera_barcode_test_widget_header",
-       {kLeast, QSizePolicy::Fixed},
-       Qt::StrongFocus},
-      {"camera_barcode_test_widget_instruction",
-       "QWidget",
-       "border_widget",
-       {kGrow, kGrow},
-       kNone,
-       "camera_barcode_test_verticalLayout",
-       "QVBoxLayout"},
-      {"camera_barcode_test_gray_area_top",
-       "QWidget",
-       "camera_barcode_test_widget_instruction",
-       {kLeast, kLeast},
-       kNone,
-       "camera_barcode_test_verticalLayout_4",
-       "QVBoxLayout"},
-      {"camera_barcode_test_information_message_container",
-       "QWidget",
-       "camera_barcode_test_gray_area_top",
-       {kMost, kMost},
-       kNone,
-       "camera_barcode_test_verticalLayout_5",
-       "QVBoxLayout",
-       -1,
-       Qt::AlignHCenter},
-      {"camera_barcode_test_information_message",
-       "QLabel",
-       "camera_barcode_test_information_message_container",
-       {kGrow, kGrow}},
-      {"camera_barcode_test_steps_widget",
-       "QWidget",
-       "camera_barcode_test_gray_area_top",
-       {kPlain, kPlain},
-       kNone,
-       "camera_barcode_test_horizontalLayout_3",
-       "QHBoxLayout",
-       -1,
-       Qt::AlignHCenter},
-      {"camera_barcode_test_step_one_current", "QLabel", "camera_barcode_test_steps_widget"},
-      {"camera_barcode_test_step_one_warning", "QLabel", "camera_barcode_test_steps_widget"},
-      {"camera_barcode_test_step_two_waiting", "QLabel", "camera_barcode_test_steps_widget"},
-      {"camera_barcode_test_step_two_current", "QLabel", "camera_barcode_test_steps_widget"},
-      {"camera_barcode_test_camera_image", "QLabel", "camera_barcode_test_widget_instruction", {kGrow, kGrow}},
-      {"camera_barcode_test_gray_area_bottom",
-       "QWidget",
-       "camera_barcode_test_widget_instruction",
-       {kLeast, kLeast},
-       kNone,
-       "camera_barcode_test_verticalLayout_3",
-       "QVBoxLayout"},
-      {"camera_barcode_test_warning_container",
-       "QWidget",
-       "camera_barcode_test_gray_area_bottom",
-       {kMost, kMost},
-       kNone,
-       "camera_barcode_test_verticalLayout_6",
-       "QVBoxLayout",
-       -1,
-       Qt::AlignCenter},
-      {"camera_barcode_test_warning_message_icon_container",
-       "QWidget",
-       "camera_barcode_test_warning_container",
-       {kPlain, kPlain},
-       kNone,
-       "camera_barcode_test_horizontalLayout_4",
-       "QHBoxLayout",
-       -1,
-       Qt::AlignHCenter},
-      {"camera_barcode_test_warning_message_icon", "QLabel", "camera_barcode_test_warning_message_icon_container"},
-      {"camera_barcode_test_warning_message", "QLabel", "camera_barcode_test_warning_message_icon_container"},
-      {"camera_barcode_test_warning_message_small", "QLabel", "camera_barcode_test_warning_container"},
-      {"camera_barcode_test_widget_footer",
-       "QWidget",
-       "border_widget",
-       {kGrow, kGrow},
-       kNone,
-       "buttons_layout",
-       "QHBoxLayout"},
-      {"camera_barcode_test_fail_text_label", "QLabel", "camera_barcode_test_widget_footer"},
-      {"camera_barcode_test_button_fail",
-       "QPushButton",
-       "camera_barcode_test_widget_footer",
-       {kLeast, QSizePolicy::Fixed},
-       Qt::StrongFocus},
-  };
   create();
-  checkForm(*dialog, kForm);
+  EXPECT_EQ("\n" + describeForm(*dialog, kPrefix.c_str()), R"(
+CameraBarcodeDialog CameraBarcodeDialog MinimumExpanding/MinimumExpanding QVBoxLayout verticalLayout_2 0
+  border_widget QVBoxLayout verticalLayout 1
+    ~widget_header MinimumExpanding/MinimumExpanding QHBoxLayout ~horizontalLayout_2
+      ~header_icon QLabel
+      ~header_label QLabel
+      ~header_close QPushButton strong
+    ~widget_instruction MinimumExpanding/MinimumExpanding QVBoxLayout ~verticalLayout
+      ~gray_area_top Minimum/Minimum QVBoxLayout ~verticalLayout_4
+        ~information_message_container Maximum/Maximum hcentred QVBoxLayout ~verticalLayout_5
+          ~information_message QLabel MinimumExpanding/MinimumExpanding
+        ~steps_widget hcentred QHBoxLayout ~horizontalLayout_3
+          ~step_one_current QLabel
+          ~step_one_warning QLabel
+          ~step_two_waiting QLabel
+          ~step_two_current QLabel
+      ~camera_image QLabel MinimumExpanding/MinimumExpanding
+      ~gray_area_bottom Minimum/Minimum QVBoxLayout ~verticalLayout_3
+        ~warning_container Maximum/Maximum centred QVBoxLayout ~verticalLayout_6
+          ~warning_message_icon_container hcentred QHBoxLayout ~horizontalLayout_4
+            ~warning_message_icon QLabel
+            ~warning_message QLabel
+          ~warning_message_small QLabel
+    ~widget_footer MinimumExpanding/MinimumExpanding QHBoxLayout buttons_layout
+      ~fail_text_label QLabel
+      ~button_fail QPushButton strong
+)");
   EXPECT_TRUE(child<QPushButton>(*dialog, kPrefix + "header_close")->isFlat());
   EXPECT_EQ(child<QLabel>(*dialog, kPrefix + "fail_text_label")->alignment(), Qt::AlignLeft);
   EXPECT_EQ(child<QLabel>(*dialog, kPrefix + "information_message")->alignment(), Qt::AlignCenter);
@@ -307,48 +228,33 @@ TEST_F(CameraBarcodeDialogTest, StretchesAFrameAndDrawsTheViewfinder) {
   EXPECT_TRUE(view->pixmap().isNull());
 }
 
-/// The corner marks of one size: `corner` has two marks' x and y, and the ends of their arms.
-class ViewfinderTest : public testing::TestWithParam<bool> {};
-
-TEST_P(ViewfinderTest, DrawsEightCornerMarks) {
-  const bool small = GetParam();
-  QImage image(960, 540, QImage::Format_RGB32);
-  image.fill(Qt::black);
-  DrawViewfinder(image, small);
-  const QPoint center(479, 269);
-
+TEST(ViewfinderTest, DrawsTheCornersOfASquareAndOfARectangle) {
   struct Marks {
+    bool small;
     int x, y, endX, endY;
   };
-  const Marks all[] = {small ? Marks{100, 100, 70, 70} : Marks{130, 130, 100, 100},
-                       small ? Marks{230, 50, 205, 25} : Marks{340, 60, 310, 30}};
-  QImage rest = image;
-  for (const Marks& marks : all) {
-    for (const int right : {-1, 1}) {
-      for (const int down : {-1, 1}) {
-        const auto at = [&](int x, int y) { return image.pixelColor(center + QPoint(right * x, down * y)); };
-        const QColor gray(Qt::gray);
-        EXPECT_EQ(at(marks.x, marks.y), gray);
-        EXPECT_EQ(at(marks.endX, marks.y), gray);
-        EXPECT_EQ(at(marks.endX - 4, marks.y), QColor(Qt::black)) << "beyond the round end";
-        EXPECT_EQ(at(marks.x, marks.endY), gray);
-        EXPECT_EQ(at(marks.x, marks.endY - 4), QColor(Qt::black));
-        EXPECT_EQ(at(marks.x, marks.y + 1), gray) << "five wide";
-        EXPECT_EQ(at(marks.x, marks.y + 4), QColor(Qt::black));
-        const QPoint corner = center + QPoint(right * marks.x, down * marks.y);
-        const QPoint end = center + QPoint(right * marks.endX, down * marks.endY);
-        const QRect box = QRect(corner, end).normalized();
-        for (int y = box.top() - 4; y <= box.bottom() + 4; ++y) {
-          for (int x = box.left() - 4; x <= box.right() + 4; ++x) rest.setPixelColor(x, y, Qt::black);
-        }
+  constexpr Marks kMarks[] = {
+      {true, 100, 100, 70, 70}, {true, 230, 50, 205, 25}, {false, 130, 130, 100, 100}, {false, 340, 60, 310, 30}};
+  const QColor gray(Qt::gray);
+  const QColor black(Qt::black);
+  for (const bool small : {true, false}) {
+    QImage image(960, 540, QImage::Format_RGB32);
+    image.fill(black);
+    DrawViewfinder(image, small);
+    for (const Marks& marks : kMarks) {
+      for (const QPoint side : {QPoint(1, 1), QPoint(1, -1), QPoint(-1, 1), QPoint(-1, -1)}) {
+        const auto at = [&](int x, int y) { return image.pixelColor(479 + side.x() * x, 269 + side.y() * y); };
+        const QColor drawn = marks.small == small ? gray : black;
+        EXPECT_EQ(at(marks.x, marks.y), drawn);
+        EXPECT_EQ(at(marks.endX, marks.y), drawn);
+        EXPECT_EQ(at(marks.x, marks.endY), drawn);
+        EXPECT_EQ(at(marks.x, marks.y + 1), drawn) << "five wide";
+        EXPECT_EQ(at(marks.x, marks.y + 4), black);
+        EXPECT_EQ(at(marks.endX - 4, marks.y), black) << "beyond the round end";
+        EXPECT_EQ(at(marks.x, marks.endY - 4), black);
       }
     }
   }
-  QImage black(image.size(), image.format());
-  black.fill(Qt::black);
-  EXPECT_EQ(rest, black) << "nothing else is drawn";
 }
-
-INSTANTIATE_TEST_SUITE_P(BothSizes, ViewfinderTest, testing::Bool());
 
 }  // namespace

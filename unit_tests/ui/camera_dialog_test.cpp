@@ -10,7 +10,7 @@
 
 #include "unit_tests/fakes/fake_platform.h"
 #include "unit_tests/ui/dialog_helpers.h"
-#include "unit_tests/ui/form_checks.h"
+#include "unit_tests/ui/form_text.h"
 
 namespace {
 
@@ -36,48 +36,17 @@ class CameraDialogTest : public testing::Test {
 };
 
 TEST_F(CameraDialogTest, HasItsForm) {
-  constexpr FormWidget kForm[] = {
-      {"camera_capture_test_dialog_base",
-       "CameraDialog",
-       "",
-       {QSizePolicy::Preferred, QSizePolicy::Preferred},
-       Qt::NoFocus,
-       "verticalLayout_3",
-       "QVBoxLayout",
-       0},
-      {"border_widget",
-       "QWidget",
-       "camera_capture_test_dialog_base",
-       {QSizePolicy::Preferred, QSizePolicy::Preferred},
-       Qt::NoFocus,
-       "verticalLayout_2",
-       "QVBoxLayout",
-       1},
-      {"camera_capture_test_widget_header",
-       "QWidget",
-       "border_widget",
-       {QSizePolicy::MinimumExpanding, QSizePolicy::Fixed},
-       Qt::NoFocus,
-       "camera_capture_test_horizontalLayout_2",
-       "QHBoxLayout"},
-      {"camera_capture_test_header_icon", "QLabel", "camera_capture_test_widget_header"},
-      {"camera_capture_test_header_label", "QLabel", "camera_capture_test_widget_header"},
-      {"camera_capture_test_header_close",
-       "QPushButton",
-       "camera_capture_test_widget_header",
-       {QSizePolicy::Minimum, QSizePolicy::Fixed},
-       Qt::StrongFocus},
-      {"camera_capture_test_widget_instruction_no_footer",
-       "QWidget",
-       "border_widget",
-       {QSizePolicy::Preferred, QSizePolicy::MinimumExpanding},
-       Qt::NoFocus,
-       "verticalLayout",
-       "QVBoxLayout"},
-      {"camera_capture_test_lb_image_view", "QLabel", "camera_capture_test_widget_instruction_no_footer"},
-  };
   create();
-  checkForm(*dialog, kForm);
+  EXPECT_EQ("\n" + describeForm(*dialog, kPrefix.c_str()), R"(
+~dialog_base CameraDialog QVBoxLayout verticalLayout_3 0
+  border_widget QVBoxLayout verticalLayout_2 1
+    ~widget_header MinimumExpanding/Fixed QHBoxLayout ~horizontalLayout_2
+      ~header_icon QLabel
+      ~header_label QLabel
+      ~header_close QPushButton strong
+    ~widget_instruction_no_footer Preferred/MinimumExpanding QVBoxLayout verticalLayout
+      ~lb_image_view QLabel
+)");
   EXPECT_TRUE(child<QPushButton>(*dialog, kPrefix + "header_close")->isFlat());
   EXPECT_EQ(child<QLabel>(*dialog, kPrefix + "lb_image_view")->alignment(), Qt::AlignCenter);
   EXPECT_THAT(ownMethods(CameraDialog::staticMetaObject), ElementsAre("closing()", "LoadFrame(QImage)", "Close()"));
