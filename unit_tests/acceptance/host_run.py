@@ -8,6 +8,7 @@ import tempfile
 PROJECT = os.path.realpath(os.path.join(os.path.dirname(__file__), "..", ".."))
 PROGRAMS = os.environ.get("MODULE_CAMERA_PROGRAMS", os.path.join(PROJECT, "build", "windows", "bin"))
 WINE_RUN = os.path.join(PROJECT, "tools", "wine_run")
+ENCODE_CODES = os.path.join(PROJECT, "tools", "encode_codes")
 
 
 def wine_path(path):
@@ -39,6 +40,9 @@ def plant(cameras, folder):
     path = os.path.join(folder, "cameras.json")
     with open(path, "w", encoding="utf-8") as file:
         json.dump({"cameras": cameras}, file)
+    drawings = os.path.join(folder, "drawings")
+    os.mkdir(drawings)
+    path = subprocess.run([ENCODE_CODES, path, drawings], stdout=subprocess.PIPE, check=True).stdout.decode().strip()
     status, _, error = run("virtual_camera.exe", "plant", wine_path(path))
     if status != 0:
         raise RuntimeError(f"the cameras could not be planted: {error}")

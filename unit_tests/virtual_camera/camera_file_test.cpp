@@ -83,6 +83,33 @@ TEST(CameraFile, APictureFileThatIsNoImageIsRefused) {
   EXPECT_TRUE(error.contains(QStringLiteral("which is not an image in one of the formats"))) << error.toStdString();
 }
 
+TEST(CameraFile, BarcodesAreReadWithTheirTimes) {
+  const QTemporaryDir folder;
+  const QString file = folder.filePath(QStringLiteral("c.png"));
+  ASSERT_TRUE(QImage(2, 2, QImage::Format_RGB32).save(file));
+  const CameraFile read = parseCameraFile(
+      oneCamera(R"(,"picture":{"kind":"barcode","size":0.5,"rotation":-30,"blur":1.5,"noise":0.1,"contrast":0.4,
+      "background":"white","codes":[{"symbology":"ean-13","text":"4006381333931","file":"c.png","from":1,"to":2},
+                                    {"symbology":"qr","text":"a-b","file":"c.png"}]})"),
+      folder.filePath(QStringLiteral("cameras.json")));
+  EXPECT_EQ(read.error.toStdString(), "");
+  ASSERT_EQ(read.cameras.size(), 1U);
+  const BarcodePicture expected{
+      {{Symbology::Ean13, QStringLiteral("4006381333931"), file, 1, 2}, {Symbology::Qr, QStringLiteral("a-b"), file}},
+      0.5,
+      -30,
+      1.5,
+      0.1,
+      0.4,
+      BarcodeBackground::White};
+  EXPECT_EQ(read.cameras[0].picture, PictureDescription(expected));
+}
+
+// One code in a barcode picture.
+QByteArray oneCode(const QByteArray& code) {
+  return oneCamera(R"(,"picture":{"kind":"barcode","codes":[{)" + code + "}]}");
+}
+
 struct BadFile {
   QByteArray json;
   const char* error;
@@ -123,9 +150,17 @@ INSTANTIATE_TEST_SUITE_P(
         BadFile{oneCamera(R"(,"picture":"test-pattern")"),
                 "cameras[0].picture is the text \"test-pattern\", but must be an object"},
         BadFile{oneCamera(R"(,"picture":{"kind":"video"})"),
-                "cameras[0].picture.kind is \"video\"; allowed are test-pattern, image"},
+                "cameras[0].picture.kind is \"video\"; allowed are test-pattern, image, barcode"},
         BadFile{oneCamera(R"(,"picture":{"kind":"test-pattern","file":"a"})"),
                 "cameras[0].picture has the unknown key \"file\"; allowed are kind"},
+        BadFile{oneCamera(R"(,"picture":{"kind":"barcode"})"), "cameras[0].picture.codes is missing"},
+        BadFile{oneCode(R"("symbology":"qr-code","text":"a")"),
+                "cameras[0].picture.codes[0].symbology is \"qr-code\"; allowed are qr, data-matrix, aztec, pdf417, "
+                "code-128, code-39, ean-13"},
+        BadFile{oneCode(R"("symbology":"qr","text":"a")"),
+                "cameras[0].picture.codes[0].file is missing: tools/encode_codes draws the codes of a description"},
+        BadFile{oneCamera(R"(,"picture":{"kind":"barcode","codes":[],"contrast":2})"),
+                "cameras[0].picture.contrast is 2; allowed is 0 to 1"},
         BadFile{oneCamera(R"(,"picture":{"kind":"image"})"), "cameras[0].picture.file is missing"},
         BadFile{oneCamera(R"(,"faults":[{"kind":"tick","at":1},{"kind":"melt"}])"),
                 "cameras[0].faults[1].kind is \"melt\"; allowed are no-open, not-rgb32, first-read-fails, stall, tick, "

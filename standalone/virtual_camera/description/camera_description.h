@@ -28,8 +28,36 @@ struct ImageFilePicture {
   bool operator==(const ImageFilePicture&) const = default;
 };
 
+enum class Symbology { Qr, DataMatrix, Aztec, Pdf417, Code128, Code39, Ean13 };
+
+/// A barcode that is held before the camera for a while.
+struct ShownCode {
+  Symbology symbology = Symbology::Qr;
+  QString text;
+  QString file;                                         ///< absolute path of the image that an encoder made of it
+  double from = 0;                                      ///< seconds since the camera was started
+  double to = std::numeric_limits<double>::infinity();  ///< seconds since the camera was started
+
+  bool operator==(const ShownCode&) const = default;
+};
+
+enum class BarcodeBackground { Desk, White, TestPattern };
+
+/// A label with a barcode before a background, as a camera that is not perfect sees it.
+struct BarcodePicture {
+  std::vector<ShownCode> codes;  ///< at most one is in view: the last one whose time it is
+  double size = 0.6;             ///< the label is fitted into this share of the frame's width and height
+  double rotation = 0;           ///< degrees, clockwise
+  double blur = 0;               ///< standard deviation, in pixels
+  double noise = 0;              ///< standard deviation of the brightness, as a share of white
+  double contrast = 1;           ///< 0: uniform grey
+  BarcodeBackground background = BarcodeBackground::Desk;
+
+  bool operator==(const BarcodePicture&) const = default;
+};
+
 /// What the camera looks at.
-using PictureDescription = std::variant<TestPatternPicture, ImageFilePicture>;
+using PictureDescription = std::variant<TestPatternPicture, ImageFilePicture, BarcodePicture>;
 
 enum class FaultKind {
   NoOpen,          ///< the device source cannot be created

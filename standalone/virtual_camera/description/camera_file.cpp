@@ -6,10 +6,10 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QImageReader>
 #include <QJsonDocument>
 
 #include "standalone/virtual_camera/description/json_object_reader.h"
+#include "standalone/virtual_camera/description/picture_reader.h"
 
 namespace {
 
@@ -34,50 +34,18 @@ constexpr std::array faultWords{Word<FaultKind>{"no-open", FaultKind::NoOpen},
                                 Word<FaultKind>{"error", FaultKind::Error},
                                 Word<FaultKind>{"size-change", FaultKind::SizeChange}};
 
-enum class PictureKind { TestPattern, Image };
-constexpr std::array pictureWords{Word<PictureKind>{"test-pattern", PictureKind::TestPattern},
-                                  Word<PictureKind>{"image", PictureKind::Image}};
-
 constexpr NumberRange lengthRange{64, 4096};
 constexpr NumberRange rateRange{1, 240};
 constexpr NumberRange timeRange{0, 86400};
 constexpr qsizetype mostCameras = 64;
 
-template <class Enum, std::size_t Size>
-std::span<const Word<Enum>> in(const std::array<Word<Enum>, Size>& table) {
-  return table;
-}
-
 QSize readSize(const JsonObjectReader& reader) {
   return {reader.integer("width", lengthRange), reader.integer("height", lengthRange)};
 }
 
-PictureDescription readPicture(const JsonObjectReader& reader, const QDir& folder) {
-  const PictureKind kind = reader.word("kind", in(pictureWords));
-  switch (kind) {
-    case PictureKind::TestPattern:
-      reader.allowOnly({"kind"});
-      return TestPatternPicture{};
-    case PictureKind::Image:
-      break;
-  }
-  reader.allowOnly({"kind", "file"});
-  const QString file = folder.absoluteFilePath(reader.text("file"));
-  if (!QFileInfo(file).isFile()) {
-    throw JsonContentError(QStringLiteral("%1 names the file \"%2\", which is not there")
-                               .arg(reader.pathOf("file"), QDir::toNativeSeparators(file)));
-  }
-  if (!QImageReader(file).canRead()) {
-    throw JsonContentError(QStringLiteral("%1 names the file \"%2\", which is not an image in one of the formats %3")
-                               .arg(reader.pathOf("file"), QDir::toNativeSeparators(file),
-                                    QString::fromLatin1(QImageReader::supportedImageFormats().join(", "))));
-  }
-  return ImageFilePicture{file};
-}
-
 Fault readFault(const JsonObjectReader& reader) {
   Fault fault;
-  fault.kind = reader.word("kind", in(faultWords));
+  fault.kind = reader.word("kind", wordsOf(faultWords));
   switch (fault.kind) {
     case FaultKind::NoOpen:
     case FaultKind::NotRgb32:
@@ -112,13 +80,13 @@ CameraDescription readCamera(const JsonObjectReader& reader, const QString& plac
   if (camera.name.trimmed().isEmpty()) throw JsonContentError(reader.pathOf("name") + QStringLiteral(" is blank"));
   camera.manufacturer = reader.text("manufacturer", QString());
   camera.description = reader.text("description", QString());
-  camera.connection = reader.word("connection", in(connectionWords));
+  camera.connection = reader.word("connection", wordsOf(connectionWords));
   camera.hardwareId = reader.text("hardwareId", QString());
   camera.driverVersion = reader.text("driverVersion", QString());
-  camera.setupClass = reader.word("setupClass", in(setupClassWords), std::optional(SetupClass::Camera));
+  camera.setupClass = reader.word("setupClass", wordsOf(setupClassWords), std::optional(SetupClass::Camera));
   camera.size = readSize(reader);
   camera.framesPerSecond = reader.number("framesPerSecond", rateRange, 30.0);
-  camera.stride = reader.word("stride", in(strideWords), std::optional(Stride::Positive));
+  camera.stride = reader.word("stride", wordsOf(strideWords), std::optional(Stride::Positive));
   if (reader.has("picture")) camera.picture = readPicture(reader.child("picture"), folder);
 
   const QJsonArray faults = reader.list("faults", false);

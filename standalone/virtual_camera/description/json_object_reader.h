@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <initializer_list>
 #include <optional>
 #include <span>
@@ -70,3 +71,9 @@ class JsonObjectReader {
   QJsonObject object;
   QString place;
 };
+
+/// A table of words as JsonObjectReader::word takes it.
+template <class Enum, std::size_t Size>
+std::span<const JsonObjectReader::Word<Enum>> wordsOf(const std::array<JsonObjectReader::Word<Enum>, Size>& table) {
+  return table;
+}

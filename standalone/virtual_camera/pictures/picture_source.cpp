@@ -1,5 +1,6 @@
 #include "standalone/virtual_camera/pictures/picture_source.h"
 
+#include "standalone/virtual_camera/pictures/barcode_scene.h"
 #include "standalone/virtual_camera/pictures/still_image.h"
 #include "standalone/virtual_camera/pictures/test_pattern.h"
 
@@ -13,6 +14,9 @@ struct Maker {
   }
   std::unique_ptr<PictureSource> operator()(const ImageFilePicture& image) const {
     return std::make_unique<StillImage>(QImage(image.file), size);
+  }
+  std::unique_ptr<PictureSource> operator()(const BarcodePicture& barcodes) const {
+    return std::make_unique<BarcodeScene>(barcodes, size);
   }
 };
 
