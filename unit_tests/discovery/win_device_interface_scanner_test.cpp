@@ -5,7 +5,6 @@
 #include "discovery/narrow_text.h"
 #include "discovery/win_device_scan_filter.h"
 #include "unit_tests/discovery/camera_fixture.h"
-#include "unit_tests/fakes/scripted_files.h"
 
 namespace {
 
@@ -163,38 +162,6 @@ TEST_F(ParentTest, cannotBeFoundWithoutConfigurationManagerOrDevices) {
   EXPECT_EQ(parentPath(1), std::nullopt);
   EXPECT_EQ(parentName(2), std::nullopt);
   EXPECT_EQ(systemScript().outstanding().at("device information set"), 1) << "that of the search";
-}
-
-TEST_F(WinDeviceInterfaceScannerTest, listsDosDevicePathsByPrefix) {
-  std::vector<std::string> paths = {"kept"};
-  scriptedFiles().dosDevices = {L"USB#1", L"usb#2", std::wstring(300, L'x'), L"USB#3"};
-  EXPECT_EQ(scanner.getDosDevicePaths("USB", paths), 0u);
-  EXPECT_THAT(paths, ElementsAre("kept", "\\\\?\\USB#1", "\\\\?\\USB#3"));
-  EXPECT_THAT(scriptedFiles().dosDeviceSizes, ElementsAre(261u, 522u));
-
-  fakeHostServices().copyFails = true;
-  EXPECT_EQ(scanner.getDosDevicePaths("USB", paths), 1u);
-  fakeHostServices().copyFails = false;
-  systemScript().failCall("QueryDosDeviceW", systemScript().calls("QueryDosDeviceW") + 1);
-  EXPECT_EQ(scanner.getDosDevicePaths("USB", paths), 1u);
-  EXPECT_EQ(paths.size(), 3u);
-}
-
-TEST_F(WinDeviceInterfaceScannerTest, opensLocksAndClosesADevice) {
-  void* handle = nullptr;
-  EXPECT_EQ(scanner.openDevice("\\\\.\\V\u00f6l", &handle), 0u);
-  EXPECT_EQ(scriptedFiles().openedPath, L"\\\\.\\V\u00f6l");
-  EXPECT_EQ(scanner.lockVolume(handle), 0u);
-  EXPECT_EQ(scanner.unlockVolume(handle), 0u);
-  EXPECT_THAT(scriptedFiles().controlCodes, ElementsAre(0x00090018u, 0x0009001Cu));
-  EXPECT_EQ(scanner.closeDevice(handle), 0u);
-  EXPECT_EQ(systemScript().outstanding(), (std::map<std::string, int>()));
-
-  EXPECT_EQ(scanner.lockVolume(handle), 1u);
-  EXPECT_EQ(scanner.unlockVolume(handle), 1u);
-  EXPECT_EQ(scanner.closeDevice(handle), 1u);
-  systemScript().failCall("CreateFileW", 2);
-  EXPECT_EQ(scanner.openDevice("\\\\.\\C:", &handle), DWORD{ERROR_SHARING_VIOLATION});
 }
 
 }  // namespace

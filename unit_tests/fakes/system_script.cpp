@@ -5,7 +5,6 @@
 #include <cstdlib>
 #include <new>
 
-#include "unit_tests/fakes/scripted_files.h"
 #include "unit_tests/fakes/scripted_media_foundation.h"
 #include "unit_tests/fakes/scripted_registry.h"
 #include "unit_tests/fakes/scripted_setupapi.h"
@@ -82,7 +81,6 @@ SystemScript& systemScript() {
 
 void resetSystemScript() {
   systemScript() = SystemScript();
-  scriptedFiles() = ScriptedFiles();
   scriptedSetupApi() = ScriptedSetupApi();
   scriptedRegistry() = ScriptedRegistry();
   scriptedMediaFoundation() = ScriptedMediaFoundation();

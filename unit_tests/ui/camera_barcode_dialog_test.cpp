@@ -203,15 +203,6 @@ TEST_F(CameraBarcodeDialogTest, ArrowsOfAScreenReaderPassOverWhatIsHidden) {
   EXPECT_THAT(walk(Qt::Key_Up), testing::UnorderedElementsAreArray(down));
 }
 
-TEST_F(CameraBarcodeDialogTest, FollowsTheMouseByItsHeader) {
-  create();
-  activate(*dialog);
-  part("widget_header")->setAttribute(Qt::WA_UnderMouse);
-  sendMouse(*dialog, QEvent::MouseButtonPress, {3, 4}, dialog->pos() + QPoint(3, 4));
-  sendMouse(*dialog, QEvent::MouseMove, {0, 0}, {120, 130});
-  EXPECT_EQ(dialog->pos(), QPoint(117, 126));
-}
-
 TEST_F(CameraBarcodeDialogTest, StretchesAFrameAndDrawsTheViewfinder) {
   create();
   const BarcodeSizes sizes = BarcodeSizesFor(QGuiApplication::primaryScreen()->geometry().width());

@@ -25,51 +25,6 @@ TEST(CameraFile, TheDefaultFileDescribesOneUsbAndOneDisplayCamera) {
   EXPECT_EQ(file.cameras[1].size, QSize(640, 480));
 }
 
-TEST(CameraFile, MissingKeysHaveTheirDefaults) {
-  const CameraFile file = parseCameraFile(oneCamera(""), QStringLiteral("cameras.json"));
-  EXPECT_EQ(file.error.toStdString(), "");
-  CameraDescription expected;
-  expected.name = QStringLiteral("A");
-  expected.size = QSize(640, 480);
-  EXPECT_EQ(file.cameras, std::vector{expected});
-}
-
-TEST(CameraFile, EveryKeyIsRead) {
-  const QTemporaryDir folder;
-  ASSERT_TRUE(QImage(2, 2, QImage::Format_RGB32).save(folder.filePath(QStringLiteral("p.png"))));
-  const CameraFile file = parseCameraFile(
-      R"({"cameras":[{"name":"B","manufacturer":"M","description":"D","connection":"display","hardwareId":"H\\I",
-      "driverVersion":"1.2","setupClass":"media","width":64,"height":4096,"framesPerSecond":29.97,"stride":"negative",
-      "picture":{"kind":"image","file":"p.png"},
-      "faults":[{"kind":"size-change","at":3,"width":320,"height":240},{"kind":"stall","at":1.5,"seconds":0.5},
-                {"kind":"no-open"},{"kind":"removed","at":9}]}]})",
-      folder.filePath(QStringLiteral("cameras.json")));
-  EXPECT_EQ(file.error.toStdString(), "");
-  CameraDescription expected;
-  expected.name = QStringLiteral("B");
-  expected.manufacturer = QStringLiteral("M");
-  expected.description = QStringLiteral("D");
-  expected.connection = Connection::Display;
-  expected.hardwareId = QStringLiteral("H\\I");
-  expected.driverVersion = QStringLiteral("1.2");
-  expected.setupClass = SetupClass::Media;
-  expected.size = QSize(64, 4096);
-  expected.framesPerSecond = 29.97;
-  expected.stride = Stride::Negative;
-  expected.picture = ImageFilePicture{folder.filePath(QStringLiteral("p.png"))};
-  Fault stall{FaultKind::Stall, 1.5};
-  stall.duration = 0.5;
-  Fault sizeChange{FaultKind::SizeChange, 3};
-  sizeChange.size = QSize(320, 240);
-  expected.faults = {{FaultKind::NoOpen}, stall, sizeChange, {FaultKind::Removed, 9}};
-  EXPECT_EQ(file.cameras, std::vector{expected});
-}
-
-TEST(CameraFile, AFileThatIsNotThereIsNamed) {
-  EXPECT_EQ(readCameraFile(QStringLiteral("nowhere.json")).error.toStdString(),
-            "nowhere.json: the file cannot be read.");
-}
-
 TEST(CameraFile, APictureFileThatIsNoImageIsRefused) {
   const QTemporaryDir folder;
   QFile text(folder.filePath(QStringLiteral("text.png")));

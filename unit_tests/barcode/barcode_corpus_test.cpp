@@ -1,0 +1,134 @@
+// What the decoder reads, set up as the barcode test sets it up, of frames that a camera might deliver.
+
+#include <QPainter>
+#include <QZXing.h>
+
+#include <cmath>
+#include <random>
+
+#include <gtest/gtest.h>
+
+#include "standalone/virtual_camera/pictures/image_effects.h"
+#include "standalone/virtual_camera/pictures/picture_source.h"
+
+namespace {
+
+QString decode(const QImage& frame) {
+  QZXing decoder(nullptr);
+  decoder.setDecoder(0);
+  decoder.setTryHarderBehaviour(2);
+  return decoder.decodeImage(frame, -1, -1, false);
+}
+
+struct Symbol {
+  const char* name;
+  const char* text;
+};
+
+constexpr Symbol symbols[] = {{"qr", "Serial123abc"},     {"data-matrix", "Matrix7x"}, {"aztec", "Aztec42"},
+                              {"pdf417", "Pdf417Text"},   {"code-128", "Label128x"},   {"code-39", "LABEL39"},
+                              {"ean-13", "4006381333931"}};
+
+struct Level {
+  const char* name;
+  double rotation;
+  double blur;
+  double noise;
+  double contrast;
+  int decoded[std::size(symbols)];  ///< of six frames for each symbology, as measured
+};
+
+// Code 39 as zint draws it is not read at all with these settings.
+// Measured, not wished for: the counts tell what to promise, and a change of the decoder shows in them.
+constexpr Level levels[] = {
+    {"still", 0, 0, 0, 1, {6, 6, 6, 6, 6, 0, 6}},
+    {"slightly turned", 8, 0, 0, 1, {6, 6, 3, 6, 6, 0, 6}},
+    {"turned by 45 degrees", 45, 0, 0, 1, {6, 0, 0, 0, 0, 0, 0}},
+    {"turned by 90 degrees", 90, 0, 0, 1, {6, 6, 6, 0, 0, 0, 0}},
+    {"upside down", 180, 0, 0, 1, {6, 6, 6, 6, 6, 0, 6}},
+    {"soft", 0, 1, 0, 1, {6, 6, 6, 5, 5, 0, 5}},
+    {"out of focus", 0, 2.5, 0, 1, {6, 4, 4, 2, 1, 0, 2}},
+    {"noisy", 0, 0, 0.05, 1, {6, 6, 6, 5, 6, 0, 6}},
+    {"very noisy", 0, 0, 0.15, 1, {3, 2, 6, 5, 0, 0, 1}},
+    {"pale", 0, 0, 0, 0.3, {6, 6, 6, 5, 6, 0, 6}},
+    {"everything at once", 5, 0.8, 0.04, 0.6, {6, 4, 3, 4, 5, 0, 4}},
+};
+
+class BarcodeCorpus : public testing::TestWithParam<Level> {};
+
+TEST_P(BarcodeCorpus, IsDecodedAsOftenAsMeasuredAndNeverMisread) {
+  const Level& level = GetParam();
+  for (std::size_t i = 0; i < std::size(symbols); ++i) {
+    const QString text = QString::fromLatin1(symbols[i].text);
+    int decoded = 0;
+    for (const QSize size : {QSize(640, 480), QSize(1280, 720)}) {
+      for (const double share : {0.5, 0.65, 0.8}) {
+        BarcodePicture picture;
+        picture.codes = {{Symbology::Qr, text, QStringLiteral(CORPUS_FOLDER "/%1.png").arg(symbols[i].name)}};
+        picture.size = share;
+        picture.rotation = level.rotation;
+        picture.blur = level.blur;
+        picture.noise = level.noise;
+        picture.contrast = level.contrast;
+        const QString read = decode(makePictureSource(picture, size)->frameAt(1, 1));
+        if (read == text) ++decoded;
+        EXPECT_TRUE(read.isEmpty() || read == text) << symbols[i].name << " misread as " << read.toStdString();
+      }
+    }
+    EXPECT_EQ(decoded, level.decoded[i]) << level.name << ": " << symbols[i].name << " of 6";
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(, BarcodeCorpus, testing::ValuesIn(levels), [](const auto& parameter) {
+  return QString::fromLatin1(parameter.param.name).replace(QLatin1Char(' '), QLatin1Char('_')).toStdString();
+});
+
+// Stripes of uneven widths look most like a code without being one.
+QImage stripes(QSize size, quint32 seed) {
+  QImage image(size, QImage::Format_RGB32);
+  image.fill(Qt::white);
+  QPainter painter(&image);
+  std::mt19937 engine(seed);
+  for (int x = 0; x < size.width();) {
+    const int width = 1 + static_cast<int>(engine() % 9);
+    painter.fillRect(x, 0, width, size.height(), Qt::black);
+    x += width + 1 + static_cast<int>(engine() % 9);
+  }
+  return image;
+}
+
+// Lines of short strokes, as printed text is from afar.
+QImage page(QSize size, quint32 seed) {
+  QImage image(size, QImage::Format_RGB32);
+  image.fill(Qt::white);
+  QPainter painter(&image);
+  std::mt19937 engine(seed);
+  for (int y = 10; y < size.height() - 20; y += 18) {
+    for (int x = 20; x < size.width() - 20; x += 3 + static_cast<int>(engine() % 6)) {
+      const int place = static_cast<int>(engine() % 6);
+      painter.fillRect(x, y + place, 1 + static_cast<int>(engine() % 3), 12 - place, Qt::black);
+    }
+  }
+  return image;
+}
+
+TEST(FramesWithoutACode, NeverYieldAValue) {
+  for (const QSize size : {QSize(640, 480), QSize(1280, 720), QSize(1920, 1080)}) {
+    BarcodePicture empty;
+    const auto desk = makePictureSource(empty, size);
+    const auto pattern = makePictureSource(TestPatternPicture{}, size);
+    for (quint32 i = 0; i < 4; ++i) {
+      QImage noise(size, QImage::Format_RGB32);
+      noise.fill(QColor(128, 128, 128));
+      addNoise(noise, 0.1 + 0.3 * i, i);
+      const std::pair<const char*, QImage> frames[] = {{"desk", desk->frameAt(i, i)},
+                                                       {"test pattern", pattern->frameAt(i, 0.7 * i)},
+                                                       {"noise", noise},
+                                                       {"stripes", stripes(size, i)},
+                                                       {"page", page(size, i)}};
+      for (const auto& [name, frame] : frames) EXPECT_EQ(decode(frame).toStdString(), "") << name << ' ' << i;
+    }
+  }
+}
+
+}  // namespace
