@@ -1,6 +1,7 @@
 #include "ui/camera_barcode_widget_wrapper.h"
 
 #include "ui/camera_barcode_dialog.h"
+#include "ui/parked_thread.h"
 
 CameraBarcodeWidgetWrapper::CameraBarcodeWidgetWrapper(QSize size, TestExecutionContext* executionContext)
     : AbstractWidgetWrapper(executionContext), frameSize(size) {}
@@ -46,5 +47,8 @@ int CameraBarcodeWidgetWrapper::GetResult() const {
 }
 
 void CameraBarcodeWidgetWrapper::ShowRetry() {
+  if (!dialog.exists()) return;
+  // Before the dialog is locked: its own end waits for that lock on the thread to be parked.
+  const ParkedUserInterfaceThread still;
   dialog.with([](CameraBarcodeDialog& open) { open.ShowRetry(); });
 }

@@ -34,7 +34,8 @@ class CameraBarcodeWidgetWrapper : public QObject,
   void Close();
   /// 5 when the dialog was closed, 2 when the user pressed the fail button, else 0.
   int GetResult() const;
-  /// Switches the dialog, if there is one, to the second attempt: directly, on the test's thread.
+  /// Switches the dialog, if there is one, to the second attempt: directly, on the test's thread, while the
+  /// user-interface thread stands still.
   void ShowRetry();
 
  signals:

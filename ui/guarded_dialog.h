@@ -19,6 +19,11 @@ class GuardedDialog {
     dialog = nullptr;
   }
 
+  [[nodiscard]] bool exists() const {
+    const std::lock_guard lock(mutex);
+    return dialog != nullptr;
+  }
+
   /// Whether there is a dialog that has no answer yet.
   [[nodiscard]] bool isOpen() const {
     const std::lock_guard lock(mutex);
