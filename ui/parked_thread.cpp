@@ -7,21 +7,52 @@
 #include <condition_variable>
 #include <mutex>
 
+#ifdef _WIN32
+#include <windows.h>
+#endif
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+constexpr std::chrono::milliseconds kLongestWait(500);
+
+/// Lets the window procedures of this thread answer the messages that other threads wait for, and no others.
+void answerSentMessages() {
+#ifdef _WIN32
+  MSG message;
+  PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
+#endif
+}
+
+}  // namespace
+
 struct ParkedUserInterfaceThread::Meeting {
   std::mutex mutex;
   std::condition_variable changed;
   bool parked = false;
   bool over = false;
 
-  void waitFor(std::unique_lock<std::mutex>& lock, const bool& condition) {
-    changed.wait_for(lock, std::chrono::milliseconds(500), [&condition] { return condition; });
+  void waitUntilParked() {
+    std::unique_lock lock(mutex);
+    changed.wait_for(lock, kLongestWait, [this] { return parked; });
   }
 
   void park() {
     std::unique_lock lock(mutex);
     parked = true;
     changed.notify_all();
-    waitFor(lock, over);
+    const auto end = Clock::now() + kLongestWait;
+    while (!changed.wait_for(lock, std::chrono::milliseconds(1), [this] { return over; }) && Clock::now() < end) {
+      lock.unlock();
+      answerSentMessages();
+      lock.lock();
+    }
+  }
+
+  void finish() {
+    const std::lock_guard lock(mutex);
+    over = true;
+    changed.notify_all();
   }
 };
 
@@ -32,13 +63,9 @@ ParkedUserInterfaceThread::ParkedUserInterfaceThread() {
   meeting = std::make_shared<Meeting>();
   QMetaObject::invokeMethod(
       application, [shared = meeting] { shared->park(); }, Qt::QueuedConnection);
-  std::unique_lock lock(meeting->mutex);
-  meeting->waitFor(lock, meeting->parked);
+  meeting->waitUntilParked();
 }
 
 ParkedUserInterfaceThread::~ParkedUserInterfaceThread() {
-  if (!meeting) return;
-  const std::lock_guard lock(meeting->mutex);
-  meeting->over = true;
-  meeting->changed.notify_all();
+  if (meeting) meeting->finish();
 }
