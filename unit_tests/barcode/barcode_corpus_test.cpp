@@ -1,9 +1,11 @@
 // What the decoder reads, set up as the barcode test sets it up, of frames that a camera might deliver.
 
+#include <QFont>
 #include <QPainter>
 #include <QZXing.h>
 
-#include <cmath>
+#include <cstdio>
+#include <iterator>
 #include <random>
 
 #include <gtest/gtest.h>
@@ -38,20 +40,19 @@ struct Level {
   int decoded[std::size(symbols)];  ///< of six frames for each symbology, as measured
 };
 
-// Code 39 as zint draws it is not read at all with these settings.
 // Measured, not wished for: the counts tell what to promise, and a change of the decoder shows in them.
 constexpr Level levels[] = {
-    {"still", 0, 0, 0, 1, {6, 6, 6, 6, 6, 0, 6}},
-    {"slightly turned", 8, 0, 0, 1, {6, 6, 3, 6, 6, 0, 6}},
+    {"still", 0, 0, 0, 1, {6, 6, 6, 6, 6, 6, 6}},
+    {"slightly turned", 8, 0, 0, 1, {6, 6, 3, 6, 6, 5, 6}},
     {"turned by 45 degrees", 45, 0, 0, 1, {6, 0, 0, 0, 0, 0, 0}},
     {"turned by 90 degrees", 90, 0, 0, 1, {6, 6, 6, 0, 0, 0, 0}},
-    {"upside down", 180, 0, 0, 1, {6, 6, 6, 6, 6, 0, 6}},
-    {"soft", 0, 1, 0, 1, {6, 6, 6, 5, 5, 0, 5}},
-    {"out of focus", 0, 2.5, 0, 1, {6, 4, 4, 2, 1, 0, 2}},
-    {"noisy", 0, 0, 0.05, 1, {6, 6, 6, 5, 6, 0, 6}},
+    {"upside down", 180, 0, 0, 1, {6, 6, 6, 6, 6, 6, 6}},
+    {"soft", 0, 1, 0, 1, {6, 6, 6, 5, 5, 4, 5}},
+    {"out of focus", 0, 2.5, 0, 1, {6, 4, 4, 2, 1, 1, 2}},
+    {"noisy", 0, 0, 0.05, 1, {6, 6, 6, 5, 6, 6, 6}},
     {"very noisy", 0, 0, 0.15, 1, {3, 2, 6, 5, 0, 0, 1}},
-    {"pale", 0, 0, 0, 0.3, {6, 6, 6, 5, 6, 0, 6}},
-    {"everything at once", 5, 0.8, 0.04, 0.6, {6, 4, 3, 4, 5, 0, 4}},
+    {"pale", 0, 0, 0, 0.3, {6, 6, 6, 5, 6, 6, 6}},
+    {"everything at once", 5, 0.8, 0.04, 0.6, {6, 4, 3, 4, 5, 3, 4}},
 };
 
 class BarcodeCorpus : public testing::TestWithParam<Level> {};
@@ -97,18 +98,23 @@ QImage stripes(QSize size, quint32 seed) {
   return image;
 }
 
-// Lines of short strokes, as printed text is from afar.
+// A printed page, in another typeface and size each time.
 QImage page(QSize size, quint32 seed) {
+  static const char* const typefaces[] = {"DejaVu Sans", "DejaVu Serif", "DejaVu Sans Mono"};
+  static const char* const words[] = {"camera", "Model", "Made in", "warranty", "S/N", "4006381333931", "*LABEL39*",
+                                      "the",    "and",   "of",      "minimum",  "5V",  "illness",       "||| || |"};
+  std::mt19937 engine(seed);
+  QFont font(QString::fromLatin1(typefaces[engine() % 3]));
+  font.setPixelSize(9 + static_cast<int>(engine() % 50));
+  font.setBold(engine() % 2 == 1);
+  QString text;
+  for (int i = 0; i < 1500; ++i) text += QLatin1String(words[engine() % std::size(words)]) + QLatin1Char(' ');
+
   QImage image(size, QImage::Format_RGB32);
   image.fill(Qt::white);
   QPainter painter(&image);
-  std::mt19937 engine(seed);
-  for (int y = 10; y < size.height() - 20; y += 18) {
-    for (int x = 20; x < size.width() - 20; x += 3 + static_cast<int>(engine() % 6)) {
-      const int place = static_cast<int>(engine() % 6);
-      painter.fillRect(x, y + place, 1 + static_cast<int>(engine() % 3), 12 - place, Qt::black);
-    }
-  }
+  painter.setFont(font);
+  painter.drawText(image.rect(), Qt::TextWrapAnywhere, text);
   return image;
 }
 
@@ -129,6 +135,20 @@ TEST(FramesWithoutACode, NeverYieldAValue) {
       for (const auto& [name, frame] : frames) EXPECT_EQ(decode(frame).toStdString(), "") << name << ' ' << i;
     }
   }
+}
+
+// The decoder's UPC-E and EAN-13 readers now and then take a line of letters for a code. Nothing to promise, then: what
+// is watched is that it stays rare.
+TEST(FramesWithoutACode, ArePagesTakenForACodeAtMostOnceInAHundred) {
+  constexpr quint32 pages = 200;
+  int values = 0;
+  for (quint32 seed = 100; seed < 100 + pages; ++seed) {
+    const QString read = decode(page(seed % 2 == 0 ? QSize(640, 480) : QSize(1280, 720), seed));
+    if (read.isEmpty()) continue;
+    ++values;
+    std::printf("page %u gave %s\n", seed, qPrintable(read));
+  }
+  EXPECT_LE(values, static_cast<int>(pages / 100));
 }
 
 }  // namespace

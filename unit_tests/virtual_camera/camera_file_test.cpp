@@ -21,7 +21,7 @@ TEST(CameraFile, TheDefaultFileDescribesOneUsbAndOneDisplayCamera) {
   EXPECT_EQ(file.cameras[0].connection, Connection::Usb);
   EXPECT_EQ(file.cameras[0].size, QSize(1280, 720));
   EXPECT_EQ(file.cameras[1].name, QStringLiteral("Integrated Camera"));
-  EXPECT_EQ(file.cameras[1].connection, Connection::Display);
+  EXPECT_EQ(file.cameras[1].connection, Connection::BuiltIn);
   EXPECT_EQ(file.cameras[1].size, QSize(640, 480));
 }
 

@@ -8,7 +8,7 @@
 #include <QString>
 
 /// How a camera is attached; decides what its device path begins with.
-enum class Connection { Usb, Display };
+enum class Connection { Usb, BuiltIn };
 
 /// The device setup class under which a camera is registered.
 enum class SetupClass { Camera, Image, Media };

@@ -17,7 +17,7 @@ template <class Enum>
 using Word = JsonObjectReader::Word<Enum>;
 
 constexpr std::array connectionWords{Word<Connection>{"usb", Connection::Usb},
-                                     Word<Connection>{"display", Connection::Display}};
+                                     Word<Connection>{"display", Connection::BuiltIn}};
 constexpr std::array setupClassWords{Word<SetupClass>{"camera", SetupClass::Camera},
                                      Word<SetupClass>{"image", SetupClass::Image},
                                      Word<SetupClass>{"media", SetupClass::Media}};
