@@ -17,8 +17,10 @@ bool CameraBarcodeWidgetWrapper::CreateWidget(QWidget* parent, QObject* eventFil
   created->setAttribute(Qt::WA_DeleteOnClose);
 
   // The share keeps this wrapper, to which the dialog writes, alive until the dialog is gone.
-  const auto forget = [this, share = weak_from_this().lock()]() mutable {
+  const auto forget = [this, share = weak_from_this().lock()](QObject* gone) mutable {
     dialog.clear();
+    // What is left of the dialog would still look at a wrapper that it is connected to.
+    disconnect(gone);
     share.reset();
   };
   connect(created, &QObject::destroyed, created, forget, Qt::DirectConnection);
