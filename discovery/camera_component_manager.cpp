@@ -41,6 +41,6 @@ void CameraComponentManager::refresh() {
   for (std::uint32_t index = 0; index < cameras.size(); ++index) {
     auto component = std::make_unique<WinCameraComponent>(cameras[index], index);
     components.push_back(component.get());
-    component.release();
+    static_cast<void>(component.release());
   }
 }

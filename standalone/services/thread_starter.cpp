@@ -44,7 +44,7 @@ HANDLE asHandle(std::uint64_t handle) {
 void ThreadStarter::create(std::uint64_t* handle, std::uint64_t, void (*entry)(void*), void* argument,
                            const char* name) {
   *handle = 0;
-  auto start = std::make_unique<Start>(entry, argument);
+  auto start = std::make_unique<Start>(Start{entry, argument});
   unsigned threadId = 0;
   // Suspended, so that the thread runs neither unnamed nor before its identifier can be read.
   const auto thread = _beginthreadex(nullptr, 0, &threadMain, start.get(), CREATE_SUSPENDED, &threadId);

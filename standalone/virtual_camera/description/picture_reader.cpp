@@ -29,7 +29,7 @@ constexpr NumberRange timeRange{0, 86400};
 constexpr qsizetype mostCodes = 64;
 
 QString readImageFile(const JsonObjectReader& reader, const QDir& folder) {
-  const QString file = folder.absoluteFilePath(reader.text("file"));
+  QString file = folder.absoluteFilePath(reader.text("file"));
   if (!QFileInfo(file).isFile()) {
     throw JsonContentError(QStringLiteral("%1 names the file \"%2\", which is not there")
                                .arg(reader.pathOf("file"), QDir::toNativeSeparators(file)));

@@ -29,7 +29,7 @@ class ComObject : public Base {
   }
 
  protected:
-  virtual ~ComObject() = default;
+  virtual ~ComObject() = default;  // NOLINT(modernize-use-override): only some interfaces have one
 
  private:
   std::atomic<ULONG> references = 0;

@@ -59,7 +59,7 @@ void send(std::unique_ptr<Broadcast> broadcast) {
     }
   }
   // A window that is late may still read the broadcast: then it is never freed.
-  if (!allAnswered) broadcast.release();
+  if (!allAnswered) static_cast<void>(broadcast.release());
 }
 
 struct Errand {
@@ -91,6 +91,6 @@ void broadcastRemoval(const std::wstring& symbolicLink) {
     FreeLibrary(errand->module);
     return;
   }
-  errand.release();
+  static_cast<void>(errand.release());
   CloseHandle(thread);
 }

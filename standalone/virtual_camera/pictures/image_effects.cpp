@@ -51,12 +51,12 @@ QImage blurredRowsTransposed(const QImage& image, const Kernel& kernel) {
 // Values of a bell-shaped distribution with standard deviation 1, in an order that nobody sees through.
 const std::vector<float>& noiseTable() {
   static const std::vector<float> table = [] {
-    std::mt19937 engine(20);  // NOLINT(cert-msc51-cpp): the same noise each time
+    std::mt19937 engine(20);  // NOLINT(cert-msc32-c,cert-msc51-cpp): the same noise each time
     std::vector<float> values(1U << 18);
     for (float& value : values) {
       // Twelve uniform numbers add up to variance 1. The library's normal distribution differs between libraries.
       double sum = -6;
-      for (int i = 0; i < 12; ++i) sum += engine() / 4294967296.0;
+      for (int i = 0; i < 12; ++i) sum += static_cast<double>(engine()) / 4294967296.0;
       value = static_cast<float>(sum);
     }
     return values;

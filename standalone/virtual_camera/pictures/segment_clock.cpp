@@ -1,6 +1,7 @@
 #include "standalone/virtual_camera/pictures/segment_clock.h"
 
 #include <array>
+#include <cmath>
 
 namespace {
 
@@ -34,7 +35,7 @@ void drawSegmentClock(QPainter& painter, const QRectF& panel, double seconds) {
   painter.setBrush(QColor(8, 10, 28, 215));
   painter.drawRoundedRect(panel, 0.2 * panel.height(), 0.2 * panel.height());
 
-  const auto hundredths = static_cast<long long>(seconds * 100 + 0.5);
+  const long long hundredths = std::llround(seconds * 100);
   const std::array<long long, 3> parts{hundredths / 6000 % 100, hundredths / 100 % 60, hundredths % 100};
   const double unit = panel.width() / 18;  // six digits of two units each, gaps and dots in between
   const double top = panel.top() + 0.18 * panel.height();

@@ -72,12 +72,13 @@ void drawHills(QPainter& painter, const Layout& at) {
 void drawGrid(QPainter& painter, const Layout& at) {
   painter.setPen(QPen(QColor(255, 255, 255, 44), at.lineWidth()));
   const double step = at.height / 12;
-  for (double offset = step / 2; offset < at.width / 2; offset += step) {
+  for (int column = 0; (column + 0.5) * step < at.width / 2; ++column) {
+    const double offset = (column + 0.5) * step;
     for (const double x : {at.width / 2 - offset, at.width / 2 + offset}) {
       painter.drawLine(QPointF(x, 0), QPointF(x, at.height));
     }
   }
-  for (double y = step; y < at.height - 1; y += step) painter.drawLine(QPointF(0, y), QPointF(at.width, y));
+  for (int row = 1; row < 12; ++row) painter.drawLine(QPointF(0, row * step), QPointF(at.width, row * step));
 }
 
 void drawCircle(QPainter& painter, const Layout& at) {

@@ -105,7 +105,7 @@ QString deleteTree(const std::wstring& path) {
 }  // namespace
 
 QString plantCameras(std::span<const CameraDescription> cameras, const QString& descriptionPath) {
-  if (const QString error = unplantCameras(); !error.isEmpty()) return error;
+  if (QString error = unplantCameras(); !error.isEmpty()) return error;
   std::vector<DeviceKeys> devices;
   std::vector<std::wstring> record;
   for (std::size_t i = 0; i < cameras.size(); ++i) {
@@ -127,7 +127,7 @@ QString plantCameras(std::span<const CameraDescription> cameras, const QString& 
 
 QString unplantCameras() {
   for (const std::wstring& key : recordedKeys()) {
-    if (const QString error = deleteTree(key); !error.isEmpty()) return error;
+    if (QString error = deleteTree(key); !error.isEmpty()) return error;
   }
   return deleteTree(plantRecordKey);
 }
