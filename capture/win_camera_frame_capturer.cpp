@@ -24,8 +24,8 @@ namespace {
 constexpr DWORD kFirstVideoStream = static_cast<DWORD>(MF_SOURCE_READER_FIRST_VIDEO_STREAM);
 constexpr ULONG kMediaFoundationVersion = 0x20070;
 constexpr int kWorkerPriority = 4;
-constexpr DWORD kEndOfReading = DWORD{MF_SOURCE_READERF_ENDOFSTREAM} | DWORD{MF_SOURCE_READERF_CURRENTMEDIATYPECHANGED} |
-                                DWORD{MF_SOURCE_READERF_ERROR};
+constexpr DWORD kEndOfReading = DWORD{MF_SOURCE_READERF_ENDOFSTREAM} |
+                                DWORD{MF_SOURCE_READERF_CURRENTMEDIATYPECHANGED} | DWORD{MF_SOURCE_READERF_ERROR};
 
 // COM and Media Foundation on the worker thread. Both are shut down at the end whether or not they came up: a worker
 // whose start-up failed ends by the same path as every other.
@@ -70,26 +70,36 @@ class BufferLock {
   bool locked = false;
 };
 
-// Gives up the reader at the end of the worker. The last reference goes outside the lock: it may wait for a callback,
-// which takes the same lock; and a callback under way must not see the reader vanish.
-class ReaderRelease {
+}  // namespace
+
+// The reader that a worker opened, which it shares with the capturer until it ends.
+class WinCameraFrameCapturer::ReaderOfWorker {
  public:
-  ReaderRelease(QMutex& readerMutex, ComPtr<IMFSourceReader>& readerReference)
-      : mutex(readerMutex), reference(readerReference) {}
-  ~ReaderRelease() {
-    ComPtr<IMFSourceReader> last;
-    {
-      const QMutexLocker lock(&mutex);
-      last.Swap(reference);
-    }
+  explicit ReaderOfWorker(WinCameraFrameCapturer& capturer) : shared(capturer.reader), mutex(*capturer.frameMutex) {}
+  // A callback under way must not see the reader vanish. The last reference goes outside the lock: it may wait for a
+  // callback, which takes the same lock.
+  ~ReaderOfWorker() {
+    if (!own) return;
+    const QMutexLocker lock(&mutex);
+    // Another, if this worker's start failed and the next one was faster than its end.
+    if (shared == own) shared.Reset();
   }
-  ReaderRelease(const ReaderRelease&) = delete;
-  ReaderRelease& operator=(const ReaderRelease&) = delete;
+  ReaderOfWorker(const ReaderOfWorker&) = delete;
+  ReaderOfWorker& operator=(const ReaderOfWorker&) = delete;
+
+  /// Called while `start` holds the lock for this worker.
+  void share(const ComPtr<IMFSourceReader>& opened) {
+    own = opened;
+    shared = opened;
+  }
 
  private:
+  ComPtr<IMFSourceReader>& shared;
   QMutex& mutex;
-  ComPtr<IMFSourceReader>& reference;
+  ComPtr<IMFSourceReader> own;
 };
+
+namespace {
 
 std::uint32_t currentTick() {
   return static_cast<std::uint32_t>(get_timer()->now());
@@ -177,8 +187,10 @@ int WinCameraFrameCapturer::getFrameFormat(FrameFormat& format) {
   return 0;
 }
 
-void WinCameraFrameCapturer::runWorker(void* capturer) {
-  static_cast<WinCameraFrameCapturer*>(capturer)->work();
+void WinCameraFrameCapturer::runWorker(void* argument) {
+  auto* const capturer = static_cast<WinCameraFrameCapturer*>(argument);
+  capturer->work();
+  capturer->Release();
 }
 
 void WinCameraFrameCapturer::work() {
@@ -186,11 +198,11 @@ void WinCameraFrameCapturer::work() {
 
   // Undone in reverse: first the watcher, then the reader, then Media Foundation and COM.
   const MediaSession session;
-  const ReaderRelease readerRelease(*frameMutex, reader);
+  ReaderOfWorker readerOfWorker(*this);
   RemovalWatcher watcher(*this);
   if (!session.isStarted()) return;
 
-  CaptureStatus startStatus = open();
+  CaptureStatus startStatus = open(readerOfWorker);
   if (!watcher.watch()) startStatus = CaptureInitFailed;
 
   setStatus(startStatus);
@@ -207,10 +219,10 @@ void WinCameraFrameCapturer::work() {
   while (GetMessageW(&message, nullptr, 0, 0) != 0) DispatchMessageW(&message);
 }
 
-CaptureStatus WinCameraFrameCapturer::open() {
+CaptureStatus WinCameraFrameCapturer::open(ReaderOfWorker& readerOfWorker) {
   CameraReader opened;
   const CaptureStatus result = openCameraReader(symbolicLink, this, opened);
-  reader = opened.reader;
+  readerOfWorker.share(opened.reader);
   width = opened.format.width;
   height = opened.format.height;
   topDown = opened.format.topDown;
@@ -275,7 +287,7 @@ CaptureStatus WinCameraFrameCapturer::takeBuffer(IMFSample* sample) {
     frameDataSize = length;
     frameData = std::make_unique_for_overwrite<std::uint8_t[]>(length);
   }
-  std::memcpy(frameData.get(), lock.data(), length);
+  std::copy_n(lock.data(), length, frameData.get());
   return CaptureOk;
 }
 

@@ -43,9 +43,12 @@ class WinCameraFrameCapturer : public CameraFrameCapturer, public IMFSourceReade
   void onDeviceRemoved(std::string path);
 
  private:
+  class ReaderOfWorker;
+
+  /// The worker thread; `argument` is the capturer with a reference for it.
   static void runWorker(void* argument);
   void work();
-  [[nodiscard]] CaptureStatus open();
+  [[nodiscard]] CaptureStatus open(ReaderOfWorker& readerOfWorker);
   [[nodiscard]] HRESULT readNext();
   [[nodiscard]] CaptureStatus takeSample(HRESULT readStatus, DWORD streamFlags, IMFSample* sample);
   [[nodiscard]] CaptureStatus takeBuffer(IMFSample* sample);

@@ -1,6 +1,5 @@
 #include "discovery/camera_component_manager.h"
 
-#include <memory>
 #include <stdexcept>
 
 #include "discovery/win_camera_component.h"
@@ -38,9 +37,8 @@ void CameraComponentManager::refresh() {
   components.clear();
 
   const std::vector<CameraInfo> cameras = scanner.getCameras();
+  components.reserve(cameras.size());
   for (std::uint32_t index = 0; index < cameras.size(); ++index) {
-    auto component = std::make_unique<WinCameraComponent>(cameras[index], index);
-    components.push_back(component.get());
-    static_cast<void>(component.release());
+    components.push_back(new WinCameraComponent(cameras[index], index));
   }
 }

@@ -45,7 +45,7 @@ class DeviceInterfaceScanner {
   virtual std::uint32_t getDriverVersion(std::uint32_t index, char** text) = 0;
   virtual std::size_t getDeviceCount() = 0;
   /// Opens a device for overlapped reading and writing. `handle` goes back to `closeDevice`. On failure it returns the
-  /// system's error code.
+  /// system's error code and leaves INVALID_HANDLE_VALUE in `handle`.
   virtual std::uint32_t openDevice(const std::string& path, void** handle) = 0;
   virtual std::uint32_t lockVolume(void* handle) = 0;
   virtual std::uint32_t unlockVolume(void* handle) = 0;

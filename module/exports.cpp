@@ -1,9 +1,6 @@
 // The three functions by which a host gets at the module, and the one place that knows all of its parts.
 
-#include <cstdint>
-#include <map>
 #include <memory>
-#include <string>
 #include <vector>
 
 #include "discovery/camera_component_manager.h"
@@ -21,13 +18,6 @@ namespace {
 // Built and released by one thread of the host, and never while a test runs.
 ModuleInterface* singleton = nullptr;
 
-// What the host reads for its numbered texts; only the first carries a value.
-struct NumberedText {
-  std::int32_t number;
-  const char* text;
-};
-constexpr NumberedText kNumberedTexts[] = {{0, "0 - 1"}, {1, ""}, {2, ""}};
-
 }  // namespace
 
 extern "C" {
@@ -42,9 +32,7 @@ ModuleInterface* GetModuleInterfaceInstance() {
   auto diagnostic =
       std::make_unique<Diagnostic>(kCameraDiagnosticId, std::vector<Test*>{captureTest.get(), barcodeTest.get()});
   auto resource = std::make_unique<CameraResource>(kResourceId);
-  std::map<std::int32_t, std::string> numberedTexts;
-  for (const NumberedText& row : kNumberedTexts) numberedTexts.emplace(row.number, row.text);
-  resource->setNumberedTexts(numberedTexts);
+  resource->setNumberedTexts({{0, "0 - 1"}, {1, ""}, {2, ""}});
   auto manager = std::make_unique<CameraComponentManager>(kComponentManagerId);
   singleton = new CameraModuleInterface({diagnostic.get()}, resource.get(), manager.get(), nullptr);
 

@@ -141,7 +141,6 @@ TestResult CameraCaptureTest::showLivePicture(CameraFrameCapturer* capturer, Tes
 TestResult CameraCaptureTest::feedDialog(CameraFrameCapturer* capturer, const FrameFormat& format,
                                          CameraWidgetWrapper& wrapper, std::uint32_t startTick,
                                          TestExecutionContext* context) {
-  TimerService* timer = get_timer();
   for (;;) {
     if (endedByHost(context)) return kTestCancelled;
 
@@ -150,10 +149,10 @@ TestResult CameraCaptureTest::feedDialog(CameraFrameCapturer* capturer, const Fr
     if (status != CaptureOk) return reportFailedFrame(context, status);
 
     wrapper.SendFrame(test_steps::copyFrame(std::unique_ptr<std::uint8_t[]>(buffer), format));
-    timer->sleep(kFramePauseMs);
+    get_timer()->sleep(kFramePauseMs);
 
     if (wrapper.GetResult() == kDialogClosed) return kTestPassed;
-    if (timer->elapsedSeconds(startTick, test_steps::currentTick()) > dialogTimeout) return kTestPassed;
+    if (get_timer()->elapsedSeconds(startTick, test_steps::currentTick()) > dialogTimeout) return kTestPassed;
   }
 }
 

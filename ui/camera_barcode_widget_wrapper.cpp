@@ -10,20 +10,12 @@ CameraBarcodeWidgetWrapper::~CameraBarcodeWidgetWrapper() = default;
 
 bool CameraBarcodeWidgetWrapper::CreateWidget(QWidget* parent, QObject* eventFilter) {
   auto* const created = new CameraBarcodeDialog(parent, eventFilter);
-  dialog.set(created);
+  dialog.adopt(created, *this);
 
   result = kNoAnswer;
   created->setResult(kNoAnswer);
   created->setAttribute(Qt::WA_DeleteOnClose);
 
-  // The share keeps this wrapper, to which the dialog writes, alive until the dialog is gone.
-  const auto forget = [this, share = weak_from_this().lock()](QObject* gone) mutable {
-    dialog.clear();
-    // What is left of the dialog would still look at a wrapper that it is connected to.
-    disconnect(gone);
-    share.reset();
-  };
-  connect(created, &QObject::destroyed, created, forget, Qt::DirectConnection);
   connect(this, SIGNAL(UpdateFrame(QImage)), created, SLOT(LoadFrame(QImage)));
   connect(this, SIGNAL(CloseDialog()), created, SLOT(close()));
   created->resultTarget = &result;
@@ -51,6 +43,13 @@ int CameraBarcodeWidgetWrapper::GetResult() const {
 void CameraBarcodeWidgetWrapper::ShowRetry() {
   if (!dialog.exists()) return;
   // Before the dialog is locked: its own end waits for that lock on the thread to be parked.
-  const ParkedUserInterfaceThread still;
-  dialog.with([](CameraBarcodeDialog& open) { open.ShowRetry(); });
+  const ParkedUserInterfaceThread thread;
+  dialog.with([&thread](CameraBarcodeDialog& open) {
+    if (thread.isStill()) {
+      open.ShowRetry();
+    } else {
+      // The user-interface thread is busy with something else: it follows when it can.
+      QMetaObject::invokeMethod(&open, &CameraBarcodeDialog::ShowRetry, Qt::QueuedConnection);
+    }
+  });
 }

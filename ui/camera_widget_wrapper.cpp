@@ -15,7 +15,7 @@ QSize CameraWidgetWrapper::displaySize() const {
 
 bool CameraWidgetWrapper::CreateWidget(QWidget* parent, QObject* eventFilter) {
   auto* const created = new CameraDialog(parent, eventFilter);
-  dialog.set(created);
+  dialog.adopt(created, *this);
 
   const QSize size = displaySize();
   if (frameSize.width() != 0 && frameSize.height() != 0) {
@@ -27,14 +27,6 @@ bool CameraWidgetWrapper::CreateWidget(QWidget* parent, QObject* eventFilter) {
   created->setResult(kNoAnswer);
   created->setAttribute(Qt::WA_DeleteOnClose);
 
-  // The share keeps this wrapper, to which the dialog writes, alive until the dialog is gone.
-  const auto forget = [this, share = weak_from_this().lock()](QObject* gone) mutable {
-    dialog.clear();
-    // What is left of the dialog would still look at a wrapper that it is connected to.
-    disconnect(gone);
-    share.reset();
-  };
-  connect(created, &QObject::destroyed, created, forget, Qt::DirectConnection);
   connect(this, SIGNAL(UpdateFrame(QImage)), created, SLOT(LoadFrame(QImage)));
   connect(this, SIGNAL(CloseDialog()), created, SLOT(close()));
   created->resultTarget = &result;

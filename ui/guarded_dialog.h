@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QObject>
+
 #include <mutex>
 
 /// A wrapper's pointer to its dialog, which the dialog's own end clears. The dialog lives on the user-interface thread
@@ -7,16 +9,20 @@
 template <class Dialog>
 class GuardedDialog {
  public:
-  /// This object must outlive `created`.
-  void set(Dialog* created) {
+  /// Takes the new dialog of `wrapper`, of which this object is a part. The dialog, which writes its result to the
+  /// wrapper, holds a share of it until it is gone. For the user-interface thread.
+  template <class Wrapper>
+  void adopt(Dialog* created, Wrapper& wrapper) {
     created->beforeDestruction = [this] { clear(); };
+    const auto forget = [this, &wrapper, share = wrapper.weak_from_this().lock()](QObject* gone) mutable {
+      clear();
+      // What is left of the dialog would still look at a wrapper that it is connected to.
+      wrapper.disconnect(gone);
+      share.reset();
+    };
+    QObject::connect(created, &QObject::destroyed, created, forget, Qt::DirectConnection);
     const std::lock_guard lock(mutex);
     dialog = created;
-  }
-
-  void clear() {
-    const std::lock_guard lock(mutex);
-    dialog = nullptr;
   }
 
   [[nodiscard]] bool exists() const {
@@ -38,6 +44,11 @@ class GuardedDialog {
   }
 
  private:
+  void clear() {
+    const std::lock_guard lock(mutex);
+    dialog = nullptr;
+  }
+
   mutable std::mutex mutex;
   Dialog* dialog = nullptr;
 };

@@ -13,7 +13,6 @@
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
 constexpr std::chrono::milliseconds kLongestWait(500);
 
 /// Lets the window procedures of this thread answer the messages that other threads wait for, and no others.
@@ -32,17 +31,16 @@ struct ParkedUserInterfaceThread::Meeting {
   bool parked = false;
   bool over = false;
 
-  void waitUntilParked() {
+  bool waitUntilParked() {
     std::unique_lock lock(mutex);
-    changed.wait_for(lock, kLongestWait, [this] { return parked; });
+    return changed.wait_for(lock, kLongestWait, [this] { return parked; });
   }
 
   void park() {
     std::unique_lock lock(mutex);
     parked = true;
     changed.notify_all();
-    const auto end = Clock::now() + kLongestWait;
-    while (!changed.wait_for(lock, std::chrono::milliseconds(1), [this] { return over; }) && Clock::now() < end) {
+    while (!changed.wait_for(lock, std::chrono::milliseconds(1), [this] { return over; })) {
       lock.unlock();
       answerSentMessages();
       lock.lock();
@@ -63,7 +61,7 @@ ParkedUserInterfaceThread::ParkedUserInterfaceThread() {
   meeting = std::make_shared<Meeting>();
   QMetaObject::invokeMethod(
       application, [shared = meeting] { shared->park(); }, Qt::QueuedConnection);
-  meeting->waitUntilParked();
+  still = meeting->waitUntilParked();
 }
 
 ParkedUserInterfaceThread::~ParkedUserInterfaceThread() {

@@ -6,8 +6,8 @@
 /// what Qt keeps of a window's changes is not made for two threads at once. On Windows the thread goes on answering
 /// what others send to its windows, since a resize from another thread waits for that answer.
 ///
-/// Neither thread waits for the other for longer than half a second: when the user-interface thread does not come to
-/// its event loop in that time, the other one goes on regardless. On the user-interface thread itself nothing happens.
+/// When the user-interface thread does not come to its event loop within half a second, it is not held at all. It is
+/// still by nature for whoever runs on it.
 class ParkedUserInterfaceThread {
  public:
   ParkedUserInterfaceThread();
@@ -15,7 +15,11 @@ class ParkedUserInterfaceThread {
   ParkedUserInterfaceThread(const ParkedUserInterfaceThread&) = delete;
   ParkedUserInterfaceThread& operator=(const ParkedUserInterfaceThread&) = delete;
 
+  /// Whether the user-interface thread stands still until this object's end.
+  [[nodiscard]] bool isStill() const { return still; }
+
  private:
   struct Meeting;
   std::shared_ptr<Meeting> meeting;
+  bool still = true;
 };

@@ -25,7 +25,8 @@ void StringFolder::normaliseBroadcastPath(std::string& path) {
 }
 
 void StringFolder::normaliseDevicePath(std::string& path) {
-  QStringDecoder decoder(QStringDecoder::Utf8);
+  // Stateless: a character that is cut off at the end is an error, too.
+  QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
   const QString decoded = decoder.decode(QByteArrayView(path.data(), static_cast<qsizetype>(path.size())));
   if (decoder.hasError()) {
     return;

@@ -44,8 +44,10 @@ class WinCameraFrameCapturerTest : public testing::Test {
   }
   ~WinCameraFrameCapturerTest() override {
     capturer->stop();
-    capturer.reset();
     resetFakeHostServices();  // joins the worker of a start that failed
+    EXPECT_EQ(capturer->AddRef(), 2u) << "a worker kept a reference";
+    capturer->Release();
+    capturer.reset();
     EXPECT_EQ(fakeComObjects, 0);
     EXPECT_EQ(scriptedCapture().notifications, 0);
     EXPECT_EQ(scriptedCapture().startUps, scriptedCapture().shutDowns);

@@ -152,6 +152,8 @@ TEST_F(CameraBarcodeTestTest, AnImplausibleValueGetsOneRetryAfterAPause) {
   bool warned = false;
   fakeHostServices().onSleep = [&](std::uint32_t) {
     warned = openDialog()->findChild<QWidget*>("camera_barcode_test_warning_container")->isVisible();
+    // The value that ends the test counts more than a button pressed in the same pass.
+    if (warned) openDialog()->findChild<QPushButton*>("camera_barcode_test_button_fail")->click();
   };
   EXPECT_EQ(run(), kTestCancelled);
   EXPECT_EQ(framesTaken, 2);

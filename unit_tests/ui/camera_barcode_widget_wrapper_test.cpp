@@ -59,4 +59,19 @@ TEST(CameraBarcodeWidgetWrapperTest, ShowsTheRetryFromATestsThreadAndKeepsTheAns
   EXPECT_EQ(wrapper->GetResult(), 2);
 }
 
+TEST(CameraBarcodeWidgetWrapperTest, ShowsTheRetryLaterWhenTheUserInterfaceThreadIsBusy) {
+  fakePlatform() = {};
+  QObject hostFilter;
+  const auto wrapper = std::make_shared<CameraBarcodeWidgetWrapper>(QSize(64, 48), nullptr);
+  wrapper->CreateWidget(nullptr, &hostFilter);
+  CameraBarcodeDialog* const dialog = openDialog<CameraBarcodeDialog>();
+  const QWidget* const warning = child(*dialog, "camera_barcode_test_warning_container");
+  const std::unique_ptr<QThread> thread(QThread::create([&] { wrapper->ShowRetry(); }));
+  thread->start();
+  thread->wait();
+  EXPECT_FALSE(warning->isVisible()) << "nobody held the thread still";
+  EXPECT_TRUE(QTest::qWaitFor([&] { return warning->isVisible(); }));
+  delete dialog;
+}
+
 }  // namespace
