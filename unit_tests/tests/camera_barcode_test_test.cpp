@@ -12,7 +12,12 @@ namespace {
 
 class CameraBarcodeTestTest : public CameraTestFixture {
  protected:
-  static QImage code(const QString& name) { return QImage(QStringLiteral(":/codes/%1.png").arg(name)); }
+  /// The codes of codes.json by their places.
+  static QImage code(int place) {
+    return QImage(QStringLiteral(CODES_FOLDER "/code-0-%1.png").arg(place)).convertToFormat(QImage::Format_RGB32);
+  }
+  static constexpr int kPlausible = 0;
+  static constexpr int kWithHyphen = 1;
   static std::vector<Told> untilPictureAnd(std::vector<Told> more) {
     std::vector<Told> all = {progress(0), progress(30), progress(50), progress(50)};
     all.insert(all.end(), more.begin(), more.end());
@@ -105,7 +110,7 @@ TEST_F(CameraBarcodeTestTest, EventsComeBeforeCancellationBeforeTheStatus) {
 }
 
 TEST_F(CameraBarcodeTestTest, APlausibleValueIsReportedAsDecodedAndShownMirrored) {
-  frame = code("qr").convertToFormat(QImage::Format_RGB32);
+  frame = code(kPlausible);
   frame.setPixelColor(0, 0, Qt::red);
   ASSERT_FALSE(frame.isNull());
   expectCapture();
@@ -121,7 +126,7 @@ TEST_F(CameraBarcodeTestTest, APlausibleValueIsReportedAsDecodedAndShownMirrored
 }
 
 TEST_F(CameraBarcodeTestTest, AValueWinsOverAButtonInTheSamePass) {
-  frame = code("qr").convertToFormat(QImage::Format_RGB32);
+  frame = code(kPlausible);
   expectCapture();
   fakeHostServices().onSleep = [&](std::uint32_t) { openDialog()->close(); };
   EXPECT_EQ(run(), kTestPassed);
@@ -145,7 +150,7 @@ TEST_F(CameraBarcodeTestTest, TheFailButtonFailsAndClosingCancels) {
 }
 
 TEST_F(CameraBarcodeTestTest, AnImplausibleValueGetsOneRetryAfterAPause) {
-  frame = code("qr_hyphen").convertToFormat(QImage::Format_RGB32);
+  frame = code(kWithHyphen);
   expectCapture();
   QElapsedTimer clock;
   clock.start();
