@@ -114,7 +114,7 @@ std::vector<View> drawViews(const QString& codeFile) {
     BarcodePicture picture;
     views.push_back({"desk", makePictureSource(picture, size)->frameAt(0, 1)});
     if (codeFile.isEmpty()) continue;
-    picture.codes = {{Symbology::Qr, QString(), codeFile}};
+    picture.codes = {{Symbology::kQr, QString(), codeFile}};
     views.push_back({"code", makePictureSource(picture, size)->frameAt(0, 1)});
   }
   return views;

@@ -1,5 +1,6 @@
 #include "capture/removal_watcher.h"
 
+#include <windows.h>
 #include <dbt.h>
 
 #include <QString>

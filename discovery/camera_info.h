@@ -5,10 +5,10 @@
 
 /// How a camera is attached, judged from the prefix of its device path.
 enum class CameraType : std::uint32_t {
-  Usb = 0,
-  Internal = 1,
+  kUsb = 0,
+  kInternal = 1,
   /// Only while a record is being built.
-  NotDetermined = 2,
+  kNotDetermined = 2,
 };
 
 /// What a scan finds out about one camera. Texts are empty where the device gives no answer.
@@ -24,5 +24,5 @@ struct CameraInfo {
   /// The driver's subkey below the device class key: class GUID in braces, backslash, four-digit instance number.
   std::string driverKey;
   std::string driverVersion;
-  CameraType type = CameraType::NotDetermined;
+  CameraType type = CameraType::kNotDetermined;
 };

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <optional>
-#include <string>
-
 #include <windows.h>
 #include <setupapi.h>
+
+#include <optional>
+#include <string>
 
 #include "discovery/narrow_text.h"
 

@@ -1,8 +1,8 @@
 #include "discovery/driver_version.h"
 
-#include <vector>
-
 #include <windows.h>
+
+#include <vector>
 
 #include "discovery/narrow_text.h"
 
@@ -13,7 +13,7 @@ DriverVersionRead readDriverVersion(const std::string& driverKey, std::string& v
   };
 
   DWORD bytes = 0;
-  if (read(nullptr, bytes) != ERROR_SUCCESS) return DriverVersionRead::Absent;
+  if (read(nullptr, bytes) != ERROR_SUCCESS) return DriverVersionRead::kAbsent;
 
   // Deliberate: a zero-filled buffer twice as large as asked for. A text that grew since still fits, and one that can
   // no longer be read is an empty version, not the version of another device.
@@ -22,5 +22,5 @@ DriverVersionRead readDriverVersion(const std::string& driverKey, std::string& v
   const LSTATUS status = read(value.data(), bytes);
   if (status != ERROR_SUCCESS) value.front() = L'\0';
   version = narrowed(value.data());
-  return status == ERROR_SUCCESS ? DriverVersionRead::Read : DriverVersionRead::Unreadable;
+  return status == ERROR_SUCCESS ? DriverVersionRead::kRead : DriverVersionRead::kUnreadable;
 }

@@ -4,10 +4,10 @@
 
 enum class DriverVersionRead {
   /// The driver key holds no version text.
-  Absent,
+  kAbsent,
   /// There is a version, but reading it failed: the text is empty.
-  Unreadable,
-  Read,
+  kUnreadable,
+  kRead,
 };
 
 /// Reads the "DriverVersion" of a driver from the registry. `driverKey` is the driver's subkey below the device class

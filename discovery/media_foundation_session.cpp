@@ -1,12 +1,13 @@
 #include "discovery/media_foundation_session.h"
 
-#include <objbase.h>
+#include <windows.h>
 #include <mfapi.h>
+#include <objbase.h>
 
 namespace {
 
 /// MF_VERSION: SDK version 2 and API version 0x70.
-constexpr ULONG MediaFoundationVersion = 0x20070;
+constexpr ULONG kMediaFoundationVersion = 0x20070;
 
 }  // namespace
 
@@ -23,7 +24,7 @@ bool ComApartment::isUsable() const {
 }
 
 MediaFoundationSession::MediaFoundationSession()
-    : started(apartment.isUsable() && MFStartup(MediaFoundationVersion, MFSTARTUP_FULL) == S_OK) {}
+    : started(apartment.isUsable() && MFStartup(kMediaFoundationVersion, MFSTARTUP_FULL) == S_OK) {}
 
 MediaFoundationSession::~MediaFoundationSession() {
   if (started) MFShutdown();

@@ -1,8 +1,8 @@
 #include "discovery/narrow_text.h"
 
-#include <algorithm>
-
 #include <windows.h>
+
+#include <algorithm>
 
 namespace {
 

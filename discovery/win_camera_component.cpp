@@ -35,7 +35,7 @@ void WinCameraComponent::buildProperties() {
   get_string_handler()->deriveIdentifier(text.str(), identifier);
 
   // The type is named after the prefix of the device path: an internal camera is a "Display" camera to the host.
-  const char* type = info.type == CameraType::Usb ? "USB" : "Display";
+  const char* type = info.type == CameraType::kUsb ? "USB" : "Display";
   properties.emplace_back(kUdi, identifier);
   properties.emplace_back(kCameraDescription, info.description);
   properties.emplace_back(kCameraManufacturer, info.manufacturer);

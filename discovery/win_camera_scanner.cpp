@@ -1,10 +1,10 @@
 #include "discovery/win_camera_scanner.h"
 
-#include <optional>
-
 #include <mfapi.h>
 #include <mfidl.h>
 #include <wrl/client.h>
+
+#include <optional>
 
 #include "discovery/driver_version.h"
 #include "discovery/media_foundation_session.h"
@@ -19,8 +19,8 @@ namespace {
 using Microsoft::WRL::ComPtr;
 
 /// The display name of an interface. No import library holds this constant.
-constexpr DEVPROPKEY NameProperty = {{0xB725F130, 0x47EF, 0x101A, {0xA5, 0xF1, 0x02, 0x60, 0x8C, 0x9E, 0xEB, 0xAC}},
-                                     10};
+constexpr DEVPROPKEY kNameProperty = {{0xB725F130, 0x47EF, 0x101A, {0xA5, 0xF1, 0x02, 0x60, 0x8C, 0x9E, 0xEB, 0xAC}},
+                                      10};
 
 /// What MFEnumDeviceSources allocates.
 struct ActivationObjects {
@@ -29,7 +29,7 @@ struct ActivationObjects {
   ActivationObjects& operator=(const ActivationObjects&) = delete;
   ~ActivationObjects() {
     for (UINT32 index = 0; index < count; ++index) {
-      if (objects[index] != nullptr) objects[index]->Release();
+      if (objects[index]) objects[index]->Release();
       objects[index] = nullptr;
     }
     CoTaskMemFree(objects);
@@ -54,9 +54,9 @@ std::optional<std::string> captureLink(IMFActivate& source) {
 }
 
 CameraType typeFromPath(const std::string& path) {
-  if (path.starts_with(kUsbDevicePathPrefix)) return CameraType::Usb;
-  if (path.starts_with(kDisplayDevicePathPrefix)) return CameraType::Internal;
-  return CameraType::NotDetermined;
+  if (path.starts_with(kUsbDevicePathPrefix)) return CameraType::kUsb;
+  if (path.starts_with(kDisplayDevicePathPrefix)) return CameraType::kInternal;
+  return CameraType::kNotDetermined;
 }
 
 }  // namespace
@@ -110,7 +110,7 @@ bool WinCameraScanner::buildCameraList() {
   std::vector<CameraInfo> found;
   bool anySearchSucceeded = false;
   for (const GUID& deviceClass : DeviceClassList) {
-    for (const GUID& interfaceClass : CameraInterfaceClassList) {
+    for (const GUID& interfaceClass : kCameraInterfaceClassList) {
       DeviceMap devices;
       if (deviceScanner.search(WinDeviceScanFilter(interfaceClass, deviceClass), devices) != 0) continue;
       anySearchSucceeded = true;
@@ -137,7 +137,7 @@ std::vector<CameraInfo> WinCameraScanner::buildBatch(const DeviceMap& devices) {
 
     for (const std::string& path : device.interfacePaths) {
       record.type = typeFromPath(path);
-      if (record.type == CameraType::NotDetermined) continue;
+      if (record.type == CameraType::kNotDetermined) continue;
       std::string link = path;
       get_string_handler()->normaliseDevicePath(link);
       if (!captureLinks.contains(link)) continue;
@@ -145,7 +145,7 @@ std::vector<CameraInfo> WinCameraScanner::buildBatch(const DeviceMap& devices) {
       record.name = cameraName(record, device.deviceIndex, path);
       record.devicePath = path;
       readProperty(device.deviceIndex, SPDRP_DRIVER, record.driverKey);
-      if (readDriverVersion(record.driverKey, driverVersionScratch) != DriverVersionRead::Absent) {
+      if (readDriverVersion(record.driverKey, driverVersionScratch) != DriverVersionRead::kAbsent) {
         record.driverVersion = driverVersionScratch;
       }
       batch.push_back(record);
@@ -164,8 +164,8 @@ std::string WinCameraScanner::cameraName(const CameraInfo& record, std::uint32_t
       takeText([&](char** text) { return deviceScanner.getRegistryProperty(deviceIndex, SPDRP_FRIENDLYNAME, text); });
   if (friendlyName) return *friendlyName;
   const auto interfaceName =
-      takeText([&](char** text) { return deviceScanner.getInterfaceProperty(path, NameProperty, text); });
+      takeText([&](char** text) { return deviceScanner.getInterfaceProperty(path, kNameProperty, text); });
   if (interfaceName) return *interfaceName;
   // Deliberate: no blank between the two. Hosts know cameras by identifiers that are derived from this name.
-  return record.manufacturer + (record.type == CameraType::Internal ? "Internal Camera" : "USB Camera");
+  return record.manufacturer + (record.type == CameraType::kInternal ? "Internal Camera" : "USB Camera");
 }

@@ -6,7 +6,7 @@
 namespace {
 
 /// The host's number for this kind of scanner.
-constexpr std::uint32_t ScannerKind = 4;
+constexpr std::uint32_t kScannerKind = 4;
 
 }  // namespace
 
@@ -22,7 +22,7 @@ std::uint32_t WinDeviceInterfaceScanner::search(const DeviceScanFilter& filter, 
 
 bool WinDeviceInterfaceScanner::openDevices(const DeviceScanFilter& filter) {
   const auto* wanted = dynamic_cast<const WinDeviceScanFilter*>(&filter);
-  if (wanted == nullptr) return false;
+  if (!wanted) return false;
 
   interfaceClass = wanted->getInterfaceClass();
   deviceClass = wanted->getDeviceClass();
@@ -75,7 +75,7 @@ std::uint32_t WinDeviceInterfaceScanner::getDriverVersion(std::uint32_t index, c
   if (!driverKey) return 1;
 
   std::string version;
-  if (readDriverVersion(*driverKey, version) != DriverVersionRead::Read) return 1;
+  if (readDriverVersion(*driverKey, version) != DriverVersionRead::kRead) return 1;
   return handOut(ownedCopy(version), text);
 }
 
@@ -84,5 +84,5 @@ std::size_t WinDeviceInterfaceScanner::getDeviceCount() {
 }
 
 std::uint32_t WinDeviceInterfaceScanner::getScannerKind() {
-  return ScannerKind;
+  return kScannerKind;
 }

@@ -1,12 +1,12 @@
 #pragma once
 
+#include <windows.h>
+#include <setupapi.h>
+
 #include <map>
 #include <optional>
 #include <string>
 #include <vector>
-
-#include <windows.h>
-#include <setupapi.h>
 
 #include "discovery/device_info_set.h"
 #include "discovery/device_interface_scanner.h"

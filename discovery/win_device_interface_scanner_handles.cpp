@@ -1,22 +1,22 @@
 // The operations of WinDeviceInterfaceScanner on DOS device names and opened devices.
 
-#include "discovery/win_device_interface_scanner.h"
+#include <windows.h>
+#include <winioctl.h>
 
 #include <cstring>
 
-#include <winioctl.h>
-
+#include "discovery/win_device_interface_scanner.h"
 #include "module/host_services.h"
 #include "module/keys/device_paths.h"
 
 namespace {
 
 /// The longest device name, with its zero, in characters.
-constexpr std::size_t LongestName = 261;
+constexpr std::size_t kLongestName = 261;
 
 /// The system's DOS device names, each with its terminating zero; nothing on failure.
 std::optional<std::wstring> dosDeviceNames() {
-  std::wstring names(LongestName, L'\0');
+  std::wstring names(kLongestName, L'\0');
   for (;;) {
     const DWORD length = QueryDosDeviceW(nullptr, names.data(), static_cast<DWORD>(names.size()));
     if (length != 0) {
@@ -45,7 +45,7 @@ std::uint32_t WinDeviceInterfaceScanner::getDosDevicePaths(const std::string& pr
 
   for (std::size_t position = 0; position < list.size();) {
     const char* start = names.data() + position;
-    const std::string name(start, get_string_handler()->boundedLength(start, LongestName));
+    const std::string name(start, get_string_handler()->boundedLength(start, kLongestName));
     if (name.empty()) break;
     if (name.starts_with(prefix)) paths.push_back(kDevicePathPrefix + name);
     position += name.size() + 1;

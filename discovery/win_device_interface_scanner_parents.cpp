@@ -1,9 +1,9 @@
 // The operations of WinDeviceInterfaceScanner that ask the configuration manager for a device's parent.
 
-#include "discovery/win_device_interface_scanner.h"
-
+#include <windows.h>
 #include <cfgmgr32.h>
 
+#include "discovery/win_device_interface_scanner.h"
 #include "discovery/win_device_scan_filter.h"
 
 namespace {
@@ -31,7 +31,7 @@ std::optional<std::wstring> WinDeviceInterfaceScanner::parentId(std::uint32_t in
 std::uint32_t WinDeviceInterfaceScanner::getParentInterfacePath(const DeviceScanFilter& filter, std::uint32_t index,
                                                                 char** path) {
   const auto* wanted = dynamic_cast<const WinDeviceScanFilter*>(&filter);
-  if (wanted == nullptr) return 1;
+  if (!wanted) return 1;
   const auto wantedId = parentId(index);
   if (!wantedId) return 1;
 
@@ -51,7 +51,7 @@ std::uint32_t WinDeviceInterfaceScanner::getParentInterfacePath(const DeviceScan
 std::uint32_t WinDeviceInterfaceScanner::getParentRegistryProperty(const DeviceScanFilter& filter, std::uint32_t index,
                                                                    std::uint32_t property, char** text) {
   const auto* wanted = dynamic_cast<const WinDeviceScanFilter*>(&filter);
-  if (wanted == nullptr) return 1;
+  if (!wanted) return 1;
   const auto wantedId = parentId(index);
   if (!wantedId) return 1;
 

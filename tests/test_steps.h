@@ -2,11 +2,11 @@
 
 // Steps that both camera tests take in the same way. All run on the test's thread.
 
+#include <QImage>
+
 #include <cstdint>
 #include <memory>
 #include <string>
-
-#include <QImage>
 
 #include "capture/camera_frame_capturer.h"
 #include "module/test.h"

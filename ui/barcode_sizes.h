@@ -11,7 +11,7 @@ struct BarcodeSizes {
 };
 
 /// The sizes that fit a screen of this width.
-constexpr BarcodeSizes BarcodeSizesFor(int screenWidth) {
+constexpr BarcodeSizes barcodeSizesFor(int screenWidth) {
   if (screenWidth <= 800) return {480, 340, 40};
   if (screenWidth <= 1280) return {640, 360, 50};
   if (screenWidth <= 1600) return {720, 480, 60};

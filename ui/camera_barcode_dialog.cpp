@@ -55,14 +55,14 @@ CameraBarcodeDialog::~CameraBarcodeDialog() {
 }
 
 void CameraBarcodeDialog::setTexts() {
-  setWindowTitle(DialogText(dialog_keys::kApplicationName));
-  ui->camera_barcode_test_information_message->setText(DialogText(dialog_keys::kCameraPointBarcodeMessage));
+  setWindowTitle(dialogText(dialog_keys::kApplicationName));
+  ui->camera_barcode_test_information_message->setText(dialogText(dialog_keys::kCameraPointBarcodeMessage));
   ui->camera_barcode_test_information_message->setAlignment(Qt::AlignCenter);
-  ui->camera_barcode_test_warning_message_small->setText(DialogText(dialog_keys::kCameraBarcodeRetryMessage));
-  ui->camera_barcode_test_warning_message->setText(DialogText(dialog_keys::kCameraBarcodeWarning));
-  ui->camera_barcode_test_header_label->setText(DialogText(dialog_keys::kCameraBarcodeDialogTitle));
-  ui->camera_barcode_test_button_fail->setText(DialogText(dialog_keys::kFail));
-  ui->camera_barcode_test_fail_text_label->setText(DialogText(dialog_keys::kCameraFailLabel));
+  ui->camera_barcode_test_warning_message_small->setText(dialogText(dialog_keys::kCameraBarcodeRetryMessage));
+  ui->camera_barcode_test_warning_message->setText(dialogText(dialog_keys::kCameraBarcodeWarning));
+  ui->camera_barcode_test_header_label->setText(dialogText(dialog_keys::kCameraBarcodeDialogTitle));
+  ui->camera_barcode_test_button_fail->setText(dialogText(dialog_keys::kFail));
+  ui->camera_barcode_test_fail_text_label->setText(dialogText(dialog_keys::kCameraFailLabel));
 }
 
 void CameraBarcodeDialog::prepareForScreenReader() {
@@ -71,14 +71,14 @@ void CameraBarcodeDialog::prepareForScreenReader() {
   ui->camera_barcode_test_information_message->setFocusPolicy(Qt::StrongFocus);
   ui->camera_barcode_test_camera_image->setFocusPolicy(Qt::StrongFocus);
   ui->camera_barcode_test_header_label->setFocus(Qt::OtherFocusReason);
-  ui->camera_barcode_test_header_close->setAccessibleDescription(DialogText(dialog_keys::kClosePopUp));
-  ui->camera_barcode_test_camera_image->setAccessibleDescription(DialogText(dialog_keys::kCamera));
-  focusWidgets = StrongFocusWidgets(*this);
+  ui->camera_barcode_test_header_close->setAccessibleDescription(dialogText(dialog_keys::kClosePopUp));
+  ui->camera_barcode_test_camera_image->setAccessibleDescription(dialogText(dialog_keys::kCamera));
+  focusWidgets = strongFocusWidgets(*this);
 }
 
 void CameraBarcodeDialog::fitToScreen() {
   const QScreen* const screen = QGuiApplication::primaryScreen();
-  const BarcodeSizes sizes = BarcodeSizesFor(screen != nullptr ? screen->geometry().width() : 0);
+  const BarcodeSizes sizes = barcodeSizesFor(screen ? screen->geometry().width() : 0);
   imageWidth = sizes.imageWidth;
   imageHeight = sizes.imageHeight;
   grayAreaHeight = sizes.grayAreaHeight;
@@ -97,26 +97,26 @@ void CameraBarcodeDialog::ShowRetry() {
   if (!IsNarratorRunning()) return;
   ui->camera_barcode_test_warning_message->setFocusPolicy(Qt::StrongFocus);
   ui->camera_barcode_test_warning_message_small->setFocusPolicy(Qt::StrongFocus);
-  focusWidgets = StrongFocusWidgets(*this);
+  focusWidgets = strongFocusWidgets(*this);
 }
 
 bool CameraBarcodeDialog::LoadFrame(QImage image) {
   if (!image.isNull()) {
     image = image.scaled(imageWidth, imageHeight, Qt::IgnoreAspectRatio, Qt::FastTransformation);
-    DrawViewfinder(image, imageWidth < kLargeViewfinderWidth);
+    drawViewfinder(image, imageWidth < kLargeViewfinderWidth);
   }
   ui->camera_barcode_test_camera_image->setPixmap(QPixmap::fromImage(image));
   return true;
 }
 
 void CameraBarcodeDialog::Close() {
-  if (!failed) StoreResult(*this, resultTarget, kDialogClosed);
+  if (!failed) storeResult(*this, resultTarget, kDialogClosed);
   emit closing();
   close();
 }
 
 void CameraBarcodeDialog::OnFailButtonClicked() {
-  StoreResult(*this, resultTarget, kFailedByUser);
+  storeResult(*this, resultTarget, kFailedByUser);
   failed = true;
   emit closing();
   close();
@@ -124,8 +124,8 @@ void CameraBarcodeDialog::OnFailButtonClicked() {
 
 void CameraBarcodeDialog::OnClosePushButtonClicked() {
   // Closing counts even after the fail button.
-  StoreResult(*this, resultTarget, kDialogClosed);
-  if (!failed) StoreResult(*this, resultTarget, kDialogClosed);
+  storeResult(*this, resultTarget, kDialogClosed);
+  if (!failed) storeResult(*this, resultTarget, kDialogClosed);
   emit closing();
   close();
 }
@@ -137,7 +137,7 @@ void CameraBarcodeDialog::keyPressEvent(QKeyEvent* event) {
   }
   // Without a screen reader the dialog reacts to Escape only: Enter must not press a button.
   if (!IsNarratorRunning() || focusWidgets.isEmpty()) return;
-  StepFocus(focusWidgets, event->key(), HiddenWidgets::kSkip);
+  stepFocus(focusWidgets, event->key(), HiddenWidgets::kSkip);
   QDialog::keyPressEvent(event);
 }
 

@@ -23,7 +23,7 @@ bool CameraBarcodeWidgetWrapper::CreateWidget(QWidget* parent, QObject* eventFil
   QImage black(frameSize, QImage::Format_RGB32);
   black.fill(Qt::black);
   SendFrame(black);
-  BringToFront(*created);
+  bringToFront(*created);
   return true;
 }
 

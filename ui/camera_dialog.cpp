@@ -12,7 +12,7 @@ using vexa::utils::platform::IsNarratorRunning;
 
 CameraDialog::CameraDialog(QWidget* parent, QObject* eventFilter)
     : InputDialog(parent, eventFilter), ui(std::make_unique<Ui::CameraDialog>()) {
-  setWindowTitle(DialogText(dialog_keys::kApplicationName));
+  setWindowTitle(dialogText(dialog_keys::kApplicationName));
   ui->setupUi(this);
   setWindowModality(Qt::ApplicationModal);
   setWindowFlags(Qt::Dialog | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
@@ -21,7 +21,7 @@ CameraDialog::CameraDialog(QWidget* parent, QObject* eventFilter)
   // Whatever finishes the dialog, the test finds it closed.
   connect(this, SIGNAL(finished(int)), this, SLOT(Close()));
 
-  ui->camera_capture_test_header_label->setText(DialogText(dialog_keys::kCameraDialogTitle));
+  ui->camera_capture_test_header_label->setText(dialogText(dialog_keys::kCameraDialogTitle));
   ui->camera_capture_test_header_close->setCursor(Qt::PointingHandCursor);
   if (IsNarratorRunning()) prepareForScreenReader();
   setResult(kNoAnswer);
@@ -35,9 +35,9 @@ void CameraDialog::prepareForScreenReader() {
   ui->camera_capture_test_header_label->setFocusPolicy(Qt::StrongFocus);
   ui->camera_capture_test_lb_image_view->setFocusPolicy(Qt::StrongFocus);
   ui->camera_capture_test_header_label->setFocus(Qt::OtherFocusReason);
-  ui->camera_capture_test_header_close->setAccessibleDescription(DialogText(dialog_keys::kClosePopUp));
-  ui->camera_capture_test_lb_image_view->setAccessibleDescription(DialogText(dialog_keys::kCamera));
-  focusWidgets = StrongFocusWidgets(*this);
+  ui->camera_capture_test_header_close->setAccessibleDescription(dialogText(dialog_keys::kClosePopUp));
+  ui->camera_capture_test_lb_image_view->setAccessibleDescription(dialogText(dialog_keys::kCamera));
+  focusWidgets = strongFocusWidgets(*this);
 }
 
 void CameraDialog::SetImageSize(int width, int height) {
@@ -55,7 +55,7 @@ bool CameraDialog::LoadFrame(QImage image) {
 }
 
 void CameraDialog::Close() {
-  StoreResult(*this, resultTarget, kDialogClosed);
+  storeResult(*this, resultTarget, kDialogClosed);
   emit closing();
   close();
 }
@@ -67,7 +67,7 @@ void CameraDialog::keyPressEvent(QKeyEvent* event) {
   }
   // Without a screen reader the dialog reacts to Escape only: Enter must not press its button.
   if (!IsNarratorRunning() || focusWidgets.isEmpty()) return;
-  StepFocus(focusWidgets, event->key(), HiddenWidgets::kKeep);
+  stepFocus(focusWidgets, event->key(), HiddenWidgets::kKeep);
   QDialog::keyPressEvent(event);
 }
 

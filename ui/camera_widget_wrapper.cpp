@@ -34,7 +34,7 @@ bool CameraWidgetWrapper::CreateWidget(QWidget* parent, QObject* eventFilter) {
   QImage black(displaySize(), QImage::Format_RGB32);
   black.fill(Qt::black);
   SendFrame(black);
-  BringToFront(*created);
+  bringToFront(*created);
   return true;
 }
 

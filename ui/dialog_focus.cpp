@@ -12,7 +12,7 @@ bool takesStrongFocus(const QWidget* widget) {
 
 }  // namespace
 
-QList<QWidget*> StrongFocusWidgets(const QWidget& dialog) {
+QList<QWidget*> strongFocusWidgets(const QWidget& dialog) {
   const auto descendants = dialog.findChildren<QWidget*>();
   const auto first = std::find_if(descendants.begin(), descendants.end(), takesStrongFocus);
   if (first == descendants.end()) return {};
@@ -26,7 +26,7 @@ QList<QWidget*> StrongFocusWidgets(const QWidget& dialog) {
   return widgets;
 }
 
-void StepFocus(const QList<QWidget*>& widgets, int key, HiddenWidgets hidden) {
+void stepFocus(const QList<QWidget*>& widgets, int key, HiddenWidgets hidden) {
   if (key != Qt::Key_Up && key != Qt::Key_Down) return;
 
   const auto last = widgets.size() - 1;

@@ -2,12 +2,12 @@
 
 #include <QDialog>
 
-void StoreResult(QDialog& dialog, DialogResult* target, int answer) {
-  if (target != nullptr) target->store(answer, std::memory_order_relaxed);
+void storeResult(QDialog& dialog, DialogResult* target, int answer) {
+  if (target) target->store(answer, std::memory_order_relaxed);
   dialog.setResult(answer);
 }
 
-void BringToFront(QDialog& dialog) {
+void bringToFront(QDialog& dialog) {
   dialog.setWindowFlags(dialog.windowFlags() | Qt::WindowStaysOnTopHint);
   // Opened and hidden once: the window system takes a window to the front only as it appears.
   dialog.open();

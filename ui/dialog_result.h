@@ -16,7 +16,7 @@ constexpr int kFailedByUser = 2;
 constexpr int kDialogClosed = 5;
 
 /// Leaves the answer in the dialog and, unless it is null, in `target`.
-void StoreResult(QDialog& dialog, DialogResult* target, int answer);
+void storeResult(QDialog& dialog, DialogResult* target, int answer);
 
 /// Shows the dialog above all other windows, without keeping it there.
-void BringToFront(QDialog& dialog);
+void bringToFront(QDialog& dialog);

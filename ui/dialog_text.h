@@ -8,6 +8,6 @@
 #include "module/keys/dialog_keys.h"
 
 /// The text of a key in the user's language.
-inline QString DialogText(const std::string& key) {
+inline QString dialogText(const std::string& key) {
   return QCoreApplication::translate(dialog_keys::kCamera.c_str(), key.c_str());
 }

@@ -33,14 +33,14 @@ class GuardedDialog {
   /// Whether there is a dialog that has no answer yet.
   [[nodiscard]] bool isOpen() const {
     const std::lock_guard lock(mutex);
-    return dialog != nullptr && dialog->result() == 0;
+    return dialog && dialog->result() == 0;
   }
 
   /// Calls `operation` with the dialog, if there is one.
   template <class Operation>
   void with(Operation operation) {
     const std::lock_guard lock(mutex);
-    if (dialog != nullptr) operation(*dialog);
+    if (dialog) operation(*dialog);
   }
 
  private:

@@ -29,7 +29,7 @@ int InputDialog::exec() {
 
   QTimer timer;
   const auto checkForStop = [self] {
-    if (self && self->context != nullptr && self->context->isCancelled()) emit self->finished(0);
+    if (self && self->context && self->context->isCancelled()) emit self->finished(0);
   };
   connect(&timer, &QTimer::timeout, &timer, checkForStop, Qt::DirectConnection);
 

@@ -32,7 +32,7 @@ void draw(QPainter& painter, QPoint center, const CornerMarks& marks) {
 
 }  // namespace
 
-void DrawViewfinder(QImage& image, bool small) {
+void drawViewfinder(QImage& image, bool small) {
   if (image.isNull()) return;
   QPainter painter(&image);
   painter.setRenderHint(QPainter::Antialiasing);

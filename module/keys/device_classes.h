@@ -2,9 +2,9 @@
 
 // Windows only: the classes of devices among which cameras are searched.
 
-#include <array>
-
 #include <windows.h>
+
+#include <array>
 
 /// Device setup classes in the order of the search: camera, image, media.
 constexpr std::array<GUID, 3> DeviceClassList = {{
@@ -15,7 +15,7 @@ constexpr std::array<GUID, 3> DeviceClassList = {{
 
 /// Device interface classes in the order of the search within a setup class: KSCATEGORY_VIDEO_CAMERA and
 /// KSCATEGORY_CAPTURE, whose header cannot be included beside Media Foundation's.
-constexpr std::array<GUID, 2> CameraInterfaceClassList = {{
+constexpr std::array<GUID, 2> kCameraInterfaceClassList = {{
     {0xE5323777, 0xF976, 0x4F5B, {0x9B, 0x55, 0xB9, 0x46, 0x99, 0xC4, 0x6E, 0x44}},
     {0x65E8773D, 0x8F56, 0x11D0, {0xA3, 0xB9, 0x00, 0xA0, 0xC9, 0x22, 0x31, 0x96}},
 }};

@@ -1,17 +1,19 @@
 #include "standalone/host/command_line.h"
 
+#include <QCommandLineParser>
+
 #include <algorithm>
 #include <array>
 #include <utility>
-
-#include <QCommandLineParser>
 
 #include "standalone/host/host_error.h"
 
 namespace {
 
-constexpr std::array<std::pair<const char*, AnswerMode>, 4> kAnswers = {
-    {{"ask", AnswerMode::Ask}, {"pass", AnswerMode::Pass}, {"fail", AnswerMode::Fail}, {"close", AnswerMode::Close}}};
+constexpr std::array<std::pair<const char*, AnswerMode>, 4> kAnswers = {{{"ask", AnswerMode::kAsk},
+                                                                         {"pass", AnswerMode::kPass},
+                                                                         {"fail", AnswerMode::kFail},
+                                                                         {"close", AnswerMode::kClose}}};
 
 void describe(QCommandLineParser& parser) {
   parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsCompactedShortOptions);
@@ -94,7 +96,7 @@ void checkTogether(const CommandLine& line) {
           QStringLiteral("Nothing to do: -Mcamera runs tests, --list shows the cameras, --help tells more."));
     }
   }
-  if (!line.ui && (line.answer != AnswerMode::Ask || !line.picturesFolder.isEmpty())) {
+  if (!line.ui && (line.answer != AnswerMode::kAsk || !line.picturesFolder.isEmpty())) {
     throw HostError(QStringLiteral("--answer and --pictures need windows: --ui."));
   }
 }

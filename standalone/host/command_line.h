@@ -1,13 +1,13 @@
 #pragma once
 
-#include <cstdint>
-#include <optional>
-
 #include <QString>
 #include <QStringList>
 
+#include <cstdint>
+#include <optional>
+
 /// Who answers the windows of a test.
-enum class AnswerMode { Ask, Pass, Fail, Close };
+enum class AnswerMode { kAsk, kPass, kFail, kClose };
 
 /// What the user asked for. Words are kept as written: what they mean depends on the module and the cameras.
 struct CommandLine {
@@ -26,7 +26,7 @@ struct CommandLine {
   QString tests;
   /// The decimal numbers of cameras, each once; empty for all.
   QStringList cameras;
-  AnswerMode answer = AnswerMode::Ask;
+  AnswerMode answer = AnswerMode::kAsk;
   std::optional<QString> timeout;
   QString jsonFile;
   QString picturesFolder;

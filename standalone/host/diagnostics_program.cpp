@@ -1,12 +1,12 @@
 #include "standalone/host/diagnostics_program.h"
 
+#include <QCoreApplication>
+#include <QFile>
+
 #include <cstdio>
 #include <memory>
 #include <stdexcept>
 #include <vector>
-
-#include <QCoreApplication>
-#include <QFile>
 
 #include "discovery/camera_component_manager.h"
 #include "discovery/system_component.h"
@@ -153,7 +153,7 @@ int runJobs(const std::vector<TestJob>& jobs, const CommandLine& line, Resource&
   }
   QObject::connect(&runner, &TestRunner::testFinished, &console, [&](int, const TestReport& report) {
     reports.push_back(report);
-    if (reportFile != nullptr) {
+    if (reportFile) {
       reportFile->write(jsonLine(report));
       reportFile->flush();
     }

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <atomic>
-
 #include <QElapsedTimer>
 #include <QObject>
 #include <QString>
+
+#include <atomic>
 
 #include "module/test_execution_context.h"
 #include "standalone/host/command_line.h"
@@ -29,7 +29,7 @@ class ExecutionContext : public QObject,
 
   SystemComponent* getComponent() override { return component; }
   MessageList* getMessageList() override { return this; }
-  ProgressReporter* getProgressReporter() override { return interaction == nullptr ? nullptr : this; }
+  ProgressReporter* getProgressReporter() override { return !interaction ? nullptr : this; }
   bool isCancelled() override;
   EventSource* getEventSource() override { return this; }
 

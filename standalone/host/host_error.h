@@ -1,8 +1,8 @@
 #pragma once
 
-#include <stdexcept>
-
 #include <QString>
+
+#include <stdexcept>
 
 /// What the user must put right before anything can run: a whole sentence, shown as it is.
 class HostError : public std::runtime_error {

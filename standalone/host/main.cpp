@@ -1,13 +1,13 @@
 // module_host: loads the camera module as a diagnostics program does, finds the cameras and runs tests on them.
 
-#include <algorithm>
-#include <memory>
-#include <string_view>
-
 #include <QApplication>
 #include <QFont>
 #include <QStyleFactory>
 #include <QTranslator>
+
+#include <algorithm>
+#include <memory>
+#include <string_view>
 
 #include "standalone/host/console.h"
 #include "standalone/host/diagnostics_program.h"

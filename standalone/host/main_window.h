@@ -1,8 +1,8 @@
 #pragma once
 
-#include <vector>
-
 #include <QWidget>
+
+#include <vector>
 
 #include "standalone/host/test_runner.h"
 

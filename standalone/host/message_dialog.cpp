@@ -21,7 +21,7 @@ MessageDialog::MessageDialog(Kind kind, const QString& title, const QString& tex
   setModal(true);
 
   auto* icon = new QLabel;
-  icon->setObjectName(kind == Kind::Question ? "host_message_icon_question" : "host_message_icon_info");
+  icon->setObjectName(kind == Kind::kQuestion ? "host_message_icon_question" : "host_message_icon_info");
   auto* label = new QLabel(text);
   label->setObjectName("host_message_text");
   label->setWordWrap(true);
@@ -38,7 +38,7 @@ MessageDialog::MessageDialog(Kind kind, const QString& title, const QString& tex
   auto* row = new QHBoxLayout(footer);
   row->setSpacing(10);
   row->addStretch();
-  if (kind == Kind::Question) {
+  if (kind == Kind::kQuestion) {
     addButton(*row, tr("Yes"), InputRequest::kYes, true);
     addButton(*row, tr("No"), InputRequest::kNo, false);
   } else {
@@ -47,7 +47,7 @@ MessageDialog::MessageDialog(Kind kind, const QString& title, const QString& tex
   }
   frame->body().addWidget(footer);
   // Only now does the button have this window, whose focus it takes.
-  buttonFor(kind == Kind::Question ? InputRequest::kYes : InputRequest::kConfirmed)->setFocus();
+  buttonFor(kind == Kind::kQuestion ? InputRequest::kYes : InputRequest::kConfirmed)->setFocus();
 }
 
 QPushButton* MessageDialog::buttonFor(std::uint32_t answer) const {

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <cstdint>
-
 #include <QDialog>
+
+#include <cstdint>
 
 class QHBoxLayout;
 class QPushButton;
@@ -15,7 +15,7 @@ class MessageDialog : public QDialog {
   /// Of no meaning to a test: the window was closed, or the message refused.
   static constexpr std::uint32_t kUnanswered = 0;
 
-  enum class Kind { Message, Question };
+  enum class Kind { kMessage, kQuestion };
 
   MessageDialog(Kind kind, const QString& title, const QString& text);
 

@@ -49,7 +49,7 @@ QString ModuleLibrary::version() const {
 
 QFunctionPointer ModuleLibrary::resolve(const char* name) {
   const QFunctionPointer function = library.resolve(name);
-  if (function == nullptr) {
+  if (!function) {
     library.unload();
     throw HostError(QStringLiteral("%1 is not a module: it does not export %2.").arg(fileName, QLatin1String(name)));
   }

@@ -17,7 +17,7 @@ bool Pictures::save(const QString& name) const {
     return true;
   }
   QScreen* screen = QGuiApplication::primaryScreen();
-  if (screen == nullptr || !screen->grabWindow(0).save(directory.filePath(name + QStringLiteral(".png")))) {
+  if (!screen || !screen->grabWindow(0).save(directory.filePath(name + QStringLiteral(".png")))) {
     qWarning("The picture %s could not be saved.", qUtf8Printable(name));
     return false;
   }

@@ -1,10 +1,10 @@
 #include "standalone/host/report.h"
 
-#include <algorithm>
-
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+
+#include <algorithm>
 
 #include "standalone/host/key_texts.h"
 #include "ui/input_request.h"

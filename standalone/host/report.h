@@ -1,11 +1,11 @@
 #pragma once
 
+#include <QByteArray>
+#include <QString>
+
 #include <cstdint>
 #include <string>
 #include <vector>
-
-#include <QByteArray>
-#include <QString>
 
 #include "module/test.h"
 

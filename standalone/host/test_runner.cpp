@@ -14,7 +14,7 @@ TestRunner::TestRunner(std::vector<TestJob> testJobs, const CommandLine& command
 void TestRunner::cancel() {
   cancelled = true;
   const std::lock_guard lock(currentMutex);
-  if (current != nullptr) {
+  if (current) {
     current->cancel();
   }
 }

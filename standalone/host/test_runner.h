@@ -1,12 +1,12 @@
 #pragma once
 
+#include <QString>
+#include <QThread>
+
 #include <atomic>
 #include <mutex>
 #include <string>
 #include <vector>
-
-#include <QString>
-#include <QThread>
 
 #include "standalone/host/command_line.h"
 #include "standalone/host/report.h"

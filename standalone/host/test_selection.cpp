@@ -1,11 +1,11 @@
 #include "standalone/host/test_selection.h"
 
+#include <QRegularExpression>
+#include <QStringList>
+
 #include <algorithm>
 #include <array>
 #include <optional>
-
-#include <QRegularExpression>
-#include <QStringList>
 
 #include "standalone/host/host_error.h"
 

@@ -1,9 +1,9 @@
 #pragma once
 
+#include <QString>
+
 #include <map>
 #include <vector>
-
-#include <QString>
 
 #include "module/item_id.h"
 #include "module/resource.h"

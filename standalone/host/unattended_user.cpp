@@ -1,10 +1,10 @@
 #include "standalone/host/unattended_user.h"
 
-#include <chrono>
-
 #include <QDialog>
 #include <QPushButton>
 #include <QTimer>
+
+#include <chrono>
 
 #include "standalone/host/message_dialog.h"
 #include "standalone/host/pictures.h"
@@ -38,7 +38,7 @@ void clickNamed(const QDialog& dialog, const char* name) {
 void UnattendedUser::attendMessage(MessageDialog& dialog, const QString& name) const {
   QTimer::singleShot(kMessageDelay, &dialog, [this, &dialog, name] {
     pictures.save(name);
-    if (mode != AnswerMode::Ask) {
+    if (mode != AnswerMode::kAsk) {
       clickAnswer(dialog, InputRequest::kConfirmed);
     }
   });
@@ -48,13 +48,13 @@ void UnattendedUser::attendQuestion(MessageDialog& dialog, const QString& name) 
   QTimer::singleShot(kMessageDelay, &dialog, [this, &dialog, name] {
     pictures.save(name);
     switch (mode) {
-      case AnswerMode::Ask:
+      case AnswerMode::kAsk:
         return;
-      case AnswerMode::Pass:
+      case AnswerMode::kPass:
         return clickAnswer(dialog, InputRequest::kYes);
-      case AnswerMode::Fail:
+      case AnswerMode::kFail:
         return clickAnswer(dialog, InputRequest::kNo);
-      case AnswerMode::Close:
+      case AnswerMode::kClose:
         dialog.close();
         return;
     }
@@ -64,9 +64,9 @@ void UnattendedUser::attendQuestion(MessageDialog& dialog, const QString& name) 
 void UnattendedUser::attendDialog(QDialog& dialog, const QString& name) const {
   QTimer::singleShot(kDialogDelay, &dialog, [this, &dialog, name] {
     pictures.save(name);
-    if (mode == AnswerMode::Fail) {
+    if (mode == AnswerMode::kFail) {
       clickNamed(dialog, kFailButton);
-    } else if (mode == AnswerMode::Close) {
+    } else if (mode == AnswerMode::kClose) {
       for (const char* button : kHeaderCloseButtons) {
         clickNamed(dialog, button);
       }

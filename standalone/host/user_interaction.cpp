@@ -1,10 +1,10 @@
 #include "standalone/host/user_interaction.h"
 
-#include <chrono>
-
 #include <QDialog>
 #include <QEvent>
 #include <QTimer>
+
+#include <chrono>
 
 #include "module/test_execution_context.h"
 #include "standalone/host/key_texts.h"
@@ -35,7 +35,7 @@ bool UserInteraction::eventFilter(QObject* watched, QEvent* event) {
 
 void UserInteraction::show(InputRequest& request, TestExecutionContext& context, const QString& pictureName) {
   request.answer = MessageDialog::kUnanswered;
-  if (request.widget != nullptr) {
+  if (request.widget) {
     showDialog(request, pictureName);
   } else {
     showMessage(request, context, pictureName);
@@ -52,7 +52,7 @@ void UserInteraction::showDialog(InputRequest& request, const QString& pictureNa
 
 void UserInteraction::showMessage(InputRequest& request, TestExecutionContext& context, const QString& pictureName) {
   const bool isQuestion = request.secondCode == InputRequest::kQuestion;
-  MessageDialog dialog(isQuestion ? MessageDialog::Kind::Question : MessageDialog::Kind::Message,
+  MessageDialog dialog(isQuestion ? MessageDialog::Kind::kQuestion : MessageDialog::Kind::kMessage,
                        keyText(request.firstText), keyText(request.secondText));
   if (isQuestion) {
     user.attendQuestion(dialog, pictureName + QStringLiteral("-question"));

@@ -3,11 +3,11 @@
 #include <windows.h>
 
 void* ModuleLoader::load(const char* fileName, int /*mode*/) {
-  return fileName == nullptr ? nullptr : LoadLibraryA(fileName);
+  return !fileName ? nullptr : LoadLibraryA(fileName);
 }
 
 void ModuleLoader::unload(void* library) {
-  if (library != nullptr) {
+  if (library) {
     FreeLibrary(static_cast<HMODULE>(library));
   }
 }

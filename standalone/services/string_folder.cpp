@@ -1,12 +1,12 @@
 #include "standalone/services/string_folder.h"
 
+#include <QCryptographicHash>
+#include <QStringDecoder>
+
 #include <algorithm>
 #include <array>
 #include <cstring>
 #include <string_view>
-
-#include <QCryptographicHash>
-#include <QStringDecoder>
 
 namespace {
 
@@ -41,10 +41,10 @@ void StringFolder::normaliseDevicePath(std::string& path) {
 }
 
 int StringFolder::copyBounded(char* buffer, std::size_t size, const char* text, std::size_t length) {
-  if (buffer == nullptr || size == 0) {
+  if (!buffer || size == 0) {
     return 0;
   }
-  if (text == nullptr || length >= size) {
+  if (!text || length >= size) {
     buffer[0] = '\0';
     return 0;
   }
@@ -55,5 +55,5 @@ int StringFolder::copyBounded(char* buffer, std::size_t size, const char* text, 
 
 std::size_t StringFolder::boundedLength(const char* text, std::size_t maximum) {
   const void* end = std::memchr(text, '\0', maximum);
-  return end == nullptr ? maximum : static_cast<std::size_t>(static_cast<const char*>(end) - text);
+  return !end ? maximum : static_cast<std::size_t>(static_cast<const char*>(end) - text);
 }

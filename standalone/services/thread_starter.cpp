@@ -1,11 +1,11 @@
 #include "standalone/services/thread_starter.h"
 
+#include <windows.h>
+#include <process.h>
+
 #include <algorithm>
 #include <array>
 #include <memory>
-
-#include <windows.h>
-#include <process.h>
 
 namespace {
 
@@ -26,7 +26,7 @@ void describe(HANDLE thread, const char* name) {
   // Through void*: no two function types can be cast into each other without a warning.
   static const auto setDescription = reinterpret_cast<SetDescription>(
       reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"kernel32.dll"), "SetThreadDescription")));
-  if (name == nullptr || setDescription == nullptr) {
+  if (!name || !setDescription) {
     return;
   }
   std::array<wchar_t, 64> wide{};

@@ -41,7 +41,7 @@ struct Level {
 };
 
 // Measured, not wished for: the counts tell what to promise, and a change of the decoder shows in them.
-constexpr Level levels[] = {
+constexpr Level kLevels[] = {
     {"still", 0, 0, 0, 1, {6, 6, 6, 6, 6, 6, 6}},
     {"slightly turned", 8, 0, 0, 1, {6, 6, 3, 6, 6, 5, 6}},
     {"turned by 45 degrees", 45, 0, 0, 1, {6, 0, 0, 0, 0, 0, 0}},
@@ -81,7 +81,7 @@ TEST_P(BarcodeCorpus, IsDecodedAsOftenAsMeasuredAndNeverMisread) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(, BarcodeCorpus, testing::ValuesIn(levels), [](const auto& parameter) {
+INSTANTIATE_TEST_SUITE_P(, BarcodeCorpus, testing::ValuesIn(kLevels), [](const auto& parameter) {
   return QString::fromLatin1(parameter.param.name).replace(QLatin1Char(' '), QLatin1Char('_')).toStdString();
 });
 
@@ -141,15 +141,15 @@ TEST(FramesWithoutACode, NeverYieldAValue) {
 // The decoder's UPC-E and EAN-13 readers now and then take a line of letters for a code. Nothing to promise, then: what
 // is watched is that it stays rare.
 TEST(FramesWithoutACode, ArePagesTakenForACodeAtMostOnceInAHundred) {
-  constexpr quint32 pages = 200;
+  constexpr quint32 kPages = 200;
   int values = 0;
-  for (quint32 seed = 100; seed < 100 + pages; ++seed) {
+  for (quint32 seed = 100; seed < 100 + kPages; ++seed) {
     const QString read = decode(page(seed % 2 == 0 ? QSize(640, 480) : QSize(1280, 720), seed));
     if (read.isEmpty()) continue;
     ++values;
     std::printf("page %u gave %s\n", seed, qPrintable(read));
   }
-  EXPECT_LE(values, static_cast<int>(pages / 100));
+  EXPECT_LE(values, static_cast<int>(kPages / 100));
 }
 
 }  // namespace

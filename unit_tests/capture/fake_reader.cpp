@@ -103,7 +103,7 @@ class FaultyBuffer : public ComObject<IMFMediaBuffer> {
   }
   STDMETHODIMP GetCurrentLength(DWORD* length) override {
     *length = 8;
-    return fault == BufferFault::GetLength ? MF_E_INVALIDREQUEST : S_OK;
+    return fault == BufferFault::kGetLength ? MF_E_INVALIDREQUEST : S_OK;
   }
   STDMETHODIMP SetCurrentLength(DWORD) override { return E_NOTIMPL; }
   STDMETHODIMP GetMaxLength(DWORD*) override { return E_NOTIMPL; }
@@ -204,7 +204,7 @@ ComPtr<IMFSample> makeSample(const std::vector<std::uint8_t>& bytes) {
 ComPtr<IMFSample> makeFaultySample(BufferFault fault) {
   ComPtr<IMFSample> sample;
   MFCreateSample(&sample);
-  if (fault == BufferFault::GetBuffer) return sample;  // without a buffer
+  if (fault == BufferFault::kGetBuffer) return sample;  // without a buffer
   ComPtr<IMFMediaBuffer> buffer;
   // mingw's ComPtr::Attach takes a reference of its own.
   *buffer.GetAddressOf() = new FaultyBuffer(fault);

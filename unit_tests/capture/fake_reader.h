@@ -44,5 +44,5 @@ void resetScriptedCapture();
 Microsoft::WRL::ComPtr<IMFSample> makeSample(const std::vector<std::uint8_t>& bytes);
 
 /// Which call on a sample's buffer fails.
-enum class BufferFault { GetBuffer, GetLength, Lock };
+enum class BufferFault { kGetBuffer, kGetLength, kLock };
 Microsoft::WRL::ComPtr<IMFSample> makeFaultySample(BufferFault fault);

@@ -1,5 +1,6 @@
 #include "capture/win_camera_frame_capturer.h"
 
+#include <windows.h>
 #include <dbt.h>
 
 #include <cstring>
@@ -243,17 +244,17 @@ TEST_F(WinCameraFrameCapturerTest, ATickMakesTheConsumerWaitForARealFrame) {
 TEST_F(WinCameraFrameCapturerTest, FaultsOfABufferAreItsHresultButALockThatFailsShowsTheOldFrame) {
   startReading();
   push(Bytes(8, 4));
-  push(S_OK, 0, makeFaultySample(BufferFault::Lock));
+  push(S_OK, 0, makeFaultySample(BufferFault::kLock));
   EXPECT_EQ(frame(), (Frame{CaptureOk, {4, 4, 4, 0xFF, 4, 4, 4, 0xFF}}));
-  push(S_OK, 0, makeFaultySample(BufferFault::GetLength));
+  push(S_OK, 0, makeFaultySample(BufferFault::kGetLength));
   EXPECT_EQ(frame().status, static_cast<CaptureStatus>(MF_E_INVALIDREQUEST));
-  push(S_OK, 0, makeFaultySample(BufferFault::GetBuffer));
+  push(S_OK, 0, makeFaultySample(BufferFault::kGetBuffer));
   EXPECT_GT(frame().status, 0x80000000u);
 }
 
 TEST_F(WinCameraFrameCapturerTest, TheFrameBufferOnlyGrowsAndNeverFallsShortOfAPicture) {
   startReading();
-  push(S_OK, 0, makeFaultySample(BufferFault::Lock));
+  push(S_OK, 0, makeFaultySample(BufferFault::kLock));
   EXPECT_EQ(frame(), (Frame{CaptureOk, Bytes(8, 0xFF)})) << "no frame ever came";
   push({1, 1, 1, 1});
   EXPECT_EQ(frame(), (Frame{CaptureOk, {1, 1, 1, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF}}));

@@ -1,7 +1,7 @@
-#include "by_place.h"
-
 #include <filesystem>
 #include <stdexcept>
+
+#include "by_place.h"
 
 std::wstring LoadedModule::path() {
   return std::filesystem::absolute(MODULE).make_preferred().wstring();

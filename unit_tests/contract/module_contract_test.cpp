@@ -2,13 +2,13 @@
 
 #include <windows.h>
 
-#include <gtest/gtest.h>
-
 #include <cstdint>
 #include <map>
 #include <stdexcept>
 #include <string>
 #include <vector>
+
+#include <gtest/gtest.h>
 
 #include "by_place.h"
 

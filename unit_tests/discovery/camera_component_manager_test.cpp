@@ -39,9 +39,9 @@ TEST_F(CameraFixture, aComponentDescribesItsCamera) {
   info.manufacturer = "Acme";
   info.hardwareId = "Hardware";
   info.devicePath = "path";
-  info.type = CameraType::Usb;
+  info.type = CameraType::kUsb;
   WinCameraComponent usb(info, 0);
-  info.type = CameraType::Internal;
+  info.type = CameraType::kInternal;
   info.driverVersion = "1.2";
   WinCameraComponent internal(info, 4000000000);
 
@@ -88,8 +88,8 @@ TEST_F(CameraComponentManagerTest, answersBeyondItsComponents) {
   EXPECT_EQ(manager.getComponent(0), nullptr);
   EXPECT_THROW(manager.componentAt(0), std::out_of_range);
 
-  plugInCamera(L"A", CameraSetupClass, L"\\\\?\\usb#a");
-  plugInCamera(L"B", CameraSetupClass, L"\\\\?\\usb#b");
+  plugInCamera(L"A", kCameraSetupClass, L"\\\\?\\usb#a");
+  plugInCamera(L"B", kCameraSetupClass, L"\\\\?\\usb#b");
   EXPECT_TRUE(manager.hasComponents());
   EXPECT_EQ(manager.getComponentCount(), 0u) << "asking does not scan";
   manager.refresh();
@@ -108,7 +108,7 @@ TEST_F(CameraComponentManagerTest, answersBeyondItsComponents) {
 }
 
 TEST_F(CameraComponentManagerTest, aRescanReplacesTheComponentsUnlessItFails) {
-  plugInCamera(L"A", CameraSetupClass, L"\\\\?\\usb#a");
+  plugInCamera(L"A", kCameraSetupClass, L"\\\\?\\usb#a");
   manager.refresh();
   ASSERT_EQ(manager.getComponentCount(), 1u);
   SystemComponent* first = manager.getComponent(0);
@@ -125,7 +125,7 @@ TEST_F(CameraComponentManagerTest, aRescanReplacesTheComponentsUnlessItFails) {
 }
 
 TEST_F(CameraComponentManagerTest, leavesTheComponentsToTheHostThatMayStillHoldThem) {
-  plugInCamera(L"A", CameraSetupClass, L"\\\\?\\usb#a");
+  plugInCamera(L"A", kCameraSetupClass, L"\\\\?\\usb#a");
   auto other = std::make_unique<CameraComponentManager>(ItemId(17, 0, 0));
   other->refresh();
   const std::unique_ptr<SystemComponent> component(other->getComponent(0));

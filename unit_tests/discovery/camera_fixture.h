@@ -1,12 +1,12 @@
 #pragma once
 
+#include <windows.h>
+#include <setupapi.h>
+
 #include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
-
-#include <windows.h>
-#include <setupapi.h>
 
 #include "module/keys/device_classes.h"
 #include "unit_tests/fakes/com_object.h"
@@ -16,11 +16,11 @@
 #include "unit_tests/fakes/scripted_setupapi.h"
 #include "unit_tests/fakes/system_script.h"
 
-constexpr GUID CameraSetupClass = DeviceClassList[0];
-constexpr GUID ImageSetupClass = DeviceClassList[1];
-constexpr GUID MediaSetupClass = DeviceClassList[2];
-constexpr GUID VideoCameraInterface = CameraInterfaceClassList[0];
-constexpr GUID CaptureInterface = CameraInterfaceClassList[1];
+constexpr GUID kCameraSetupClass = DeviceClassList[0];
+constexpr GUID kImageSetupClass = DeviceClassList[1];
+constexpr GUID kMediaSetupClass = DeviceClassList[2];
+constexpr GUID kVideoCameraInterface = kCameraInterfaceClassList[0];
+constexpr GUID kCaptureInterface = kCameraInterfaceClassList[1];
 
 /// A machine whose system calls are scripted.
 class CameraFixture : public testing::Test {
@@ -34,7 +34,7 @@ class CameraFixture : public testing::Test {
 
   /// Adds a device with one interface; its texts name it. The references hold until the next device is added.
   static ScriptedDevice& plugIn(const std::wstring& id, const GUID& deviceClass, const std::wstring& path,
-                                const GUID& interfaceClass = VideoCameraInterface) {
+                                const GUID& interfaceClass = kVideoCameraInterface) {
     ScriptedDevice device{id, deviceClass, {{interfaceClass, path, {}}}, {}, {}};
     device.setText(SPDRP_FRIENDLYNAME, L"Name of " + id);
     device.setText(SPDRP_MFG, L"Acme");

@@ -34,7 +34,7 @@ class WinCameraScannerTest : public CameraFixture {
 };
 
 TEST_F(WinCameraScannerTest, fillsTheRecordOfACamera) {
-  ScriptedDevice& device = plugInCamera(L"USB\\1", CameraSetupClass, L"\\\\?\\usb#Vid_1#{e5}");
+  ScriptedDevice& device = plugInCamera(L"USB\\1", kCameraSetupClass, L"\\\\?\\usb#Vid_1#{e5}");
   device.setText(SPDRP_DEVICEDESC, L"Description");
   device.setText(SPDRP_CLASSGUID, L"{ca3e7ab9}");
   device.setText(SPDRP_HARDWAREID, std::wstring(L"First\0Second\0", 13));
@@ -50,7 +50,7 @@ TEST_F(WinCameraScannerTest, fillsTheRecordOfACamera) {
   EXPECT_EQ(camera.classGuid, "{ca3e7ab9}");
   EXPECT_EQ(camera.driverKey, "{ca3e7ab9}\\0003");
   EXPECT_EQ(camera.driverVersion, "10.0.1");
-  EXPECT_EQ(camera.type, CameraType::Usb);
+  EXPECT_EQ(camera.type, CameraType::kUsb);
   EXPECT_THAT(scriptedRegistry().bufferSizes, ElementsAre(2 * 7 * sizeof(wchar_t))) << "twice as large, deliberately";
 }
 
@@ -71,7 +71,7 @@ class CameraNameTest : public WinCameraScannerTest, public testing::WithParamInt
 
 TEST_P(CameraNameTest, isTheFirstThatTheDeviceHas) {
   const NameCase& wanted = GetParam();
-  ScriptedDevice& device = plugInCamera(L"A", CameraSetupClass, wanted.path);
+  ScriptedDevice& device = plugInCamera(L"A", kCameraSetupClass, wanted.path);
   // A friendly name of size zero counts as absent.
   if (!wanted.friendlyName) device.properties[SPDRP_FRIENDLYNAME] = L"";
   if (wanted.interfaceName) device.interfaces[0].name = wanted.interfaceName;
@@ -83,20 +83,20 @@ TEST_P(CameraNameTest, isTheFirstThatTheDeviceHas) {
 
 INSTANTIATE_TEST_SUITE_P(
     , CameraNameTest,
-    testing::Values(NameCase{"friendlyName", L"\\\\?\\usb#1", true, L"Pin", "Name of A", CameraType::Usb},
-                    NameCase{"interfaceName", L"\\\\?\\usb#1", false, L"Pin", "Pin", CameraType::Usb},
-                    NameCase{"madeUpUsb", L"\\\\?\\usb#1", false, nullptr, "AcmeUSB Camera", CameraType::Usb},
+    testing::Values(NameCase{"friendlyName", L"\\\\?\\usb#1", true, L"Pin", "Name of A", CameraType::kUsb},
+                    NameCase{"interfaceName", L"\\\\?\\usb#1", false, L"Pin", "Pin", CameraType::kUsb},
+                    NameCase{"madeUpUsb", L"\\\\?\\usb#1", false, nullptr, "AcmeUSB Camera", CameraType::kUsb},
                     NameCase{"madeUpInternal", L"\\\\?\\display#1", false, nullptr, "AcmeInternal Camera",
-                             CameraType::Internal}),
+                             CameraType::kInternal}),
     [](const auto& tested) { return tested.param.title; });
 
 TEST_F(WinCameraScannerTest, putsTheBatchOfTheLastSearchFirst) {
-  plugInCamera(L"CAMERA\\B", CameraSetupClass, L"\\\\?\\usb#b");
-  plugInCamera(L"CAMERA\\A", CameraSetupClass, L"\\\\?\\usb#a");
-  plugInCamera(L"MEDIA", MediaSetupClass, L"\\\\?\\usb#m");
-  plugInCamera(L"IMAGE", ImageSetupClass, L"\\\\?\\usb#i");
+  plugInCamera(L"CAMERA\\B", kCameraSetupClass, L"\\\\?\\usb#b");
+  plugInCamera(L"CAMERA\\A", kCameraSetupClass, L"\\\\?\\usb#a");
+  plugInCamera(L"MEDIA", kMediaSetupClass, L"\\\\?\\usb#m");
+  plugInCamera(L"IMAGE", kImageSetupClass, L"\\\\?\\usb#i");
   // Found twice, and kept twice.
-  scriptedSetupApi().devices.back().interfaces.push_back({CaptureInterface, L"\\\\?\\usb#I", {}});
+  scriptedSetupApi().devices.back().interfaces.push_back({kCaptureInterface, L"\\\\?\\usb#I", {}});
 
   EXPECT_EQ(scanner.scan(), 0u);
   EXPECT_THAT(names(scanner.getCameras()),
@@ -106,14 +106,14 @@ TEST_F(WinCameraScannerTest, putsTheBatchOfTheLastSearchFirst) {
   ASSERT_EQ(openings.size(), 6u);
   for (std::size_t index = 0; index < openings.size(); ++index) {
     EXPECT_EQ(openings[index].flags, 18u);
-    EXPECT_EQ(openings[index].devicesClass, CameraInterfaceClassList[index % 2]);
+    EXPECT_EQ(openings[index].devicesClass, kCameraInterfaceClassList[index % 2]);
   }
 }
 
 TEST_F(WinCameraScannerTest, takesOnlyLinkedPathsWithAKnownPrefix) {
-  plugInCamera(L"CAPITALS", CameraSetupClass, L"\\\\?\\USB#1");
-  plugInCamera(L"ROOT", CameraSetupClass, L"\\\\?\\root#1");
-  plugIn(L"NOT LINKED", CameraSetupClass, L"\\\\?\\usb#2");
+  plugInCamera(L"CAPITALS", kCameraSetupClass, L"\\\\?\\USB#1");
+  plugInCamera(L"ROOT", kCameraSetupClass, L"\\\\?\\root#1");
+  plugIn(L"NOT LINKED", kCameraSetupClass, L"\\\\?\\usb#2");
   scriptedMediaFoundation().links.emplace_back(std::nullopt);
 
   EXPECT_TRUE(scanner.hasCameras());
@@ -122,12 +122,12 @@ TEST_F(WinCameraScannerTest, takesOnlyLinkedPathsWithAKnownPrefix) {
 }
 
 TEST_F(WinCameraScannerTest, aLaterInterfaceOfADeviceKeepsWhatItCannotRead) {
-  ScriptedDevice& device = plugInCamera(L"A", CameraSetupClass, L"\\\\?\\usb#1");
-  device.interfaces.push_back({VideoCameraInterface, L"\\\\?\\usb#2", {}});
+  ScriptedDevice& device = plugInCamera(L"A", kCameraSetupClass, L"\\\\?\\usb#1");
+  device.interfaces.push_back({kVideoCameraInterface, L"\\\\?\\usb#2", {}});
   device.setText(SPDRP_DRIVER, L"k");
   scriptedMediaFoundation().links.emplace_back(L"\\\\?\\usb#2");
   setDriverVersion(L"k", L"7");
-  plugInCamera(L"B", CameraSetupClass, L"\\\\?\\usb#3");
+  plugInCamera(L"B", kCameraSetupClass, L"\\\\?\\usb#3");
   systemScript().failCall("RegGetValueW", 3);
 
   EXPECT_EQ(scanner.scan(), 0u);
@@ -139,14 +139,14 @@ TEST_F(WinCameraScannerTest, aLaterInterfaceOfADeviceKeepsWhatItCannotRead) {
 }
 
 TEST_F(WinCameraScannerTest, withoutSourcesASearchSucceedsAndFindsNothing) {
-  plugIn(L"A", CameraSetupClass, L"\\\\?\\usb#1");
+  plugIn(L"A", kCameraSetupClass, L"\\\\?\\usb#1");
   EXPECT_FALSE(scanner.hasCameras());
   EXPECT_EQ(scanner.scan(), 0u);
   EXPECT_THAT(scanner.getCameras(), IsEmpty());
 }
 
 TEST_F(WinCameraScannerTest, forgetsTheCamerasOfTheLastScanEvenWhenTheNextFails) {
-  plugInCamera(L"A", CameraSetupClass, L"\\\\?\\usb#1");
+  plugInCamera(L"A", kCameraSetupClass, L"\\\\?\\usb#1");
   EXPECT_EQ(onlyCamera().name, "Name of A");
   systemScript().failCall("MFStartup", 2);
   EXPECT_EQ(scanner.scan(), 1u);
@@ -158,14 +158,14 @@ TEST_F(WinCameraScannerTest, forgetsTheCamerasOfTheLastScanEvenWhenTheNextFails)
 }
 
 TEST_F(WinCameraScannerTest, endsComAlsoWhenTheThreadIsInAnotherApartment) {
-  plugInCamera(L"A", CameraSetupClass, L"\\\\?\\usb#1");
+  plugInCamera(L"A", kCameraSetupClass, L"\\\\?\\usb#1");
   scriptedMediaFoundation().apartmentStatus = RPC_E_CHANGED_MODE;
   EXPECT_EQ(onlyCamera().name, "Name of A");
   EXPECT_EQ(systemScript().outstanding().at("apartment"), -1) << "not taken, but given back";
 }
 
 TEST_F(WinCameraScannerTest, givesBackInOrderAndKeepsTheLinkTexts) {
-  plugInCamera(L"A", CameraSetupClass, L"\\\\?\\usb#1");
+  plugInCamera(L"A", kCameraSetupClass, L"\\\\?\\usb#1");
   EXPECT_TRUE(scanner.hasCameras());
   EXPECT_THAT(systemScript().log(),
               ElementsAre("CoInitializeEx", "MFStartup", "MFCreateAttributes", "IMFAttributes::SetGUID",
@@ -178,10 +178,10 @@ TEST_F(WinCameraScannerTest, givesBackInOrderAndKeepsTheLinkTexts) {
 class ScanFaultTest : public WinCameraScannerTest {
  protected:
   void SetUp() override {
-    ScriptedDevice& first = plugInCamera(L"A", CameraSetupClass, L"\\\\?\\usb#1");
+    ScriptedDevice& first = plugInCamera(L"A", kCameraSetupClass, L"\\\\?\\usb#1");
     first.setText(SPDRP_DRIVER, L"k");
     setDriverVersion(L"k", L"7");
-    ScriptedDevice& second = plugInCamera(L"B", MediaSetupClass, L"\\\\?\\display#2");
+    ScriptedDevice& second = plugInCamera(L"B", kMediaSetupClass, L"\\\\?\\display#2");
     second.properties.erase(SPDRP_FRIENDLYNAME);
     second.interfaces[0].name = L"Pin";
   }
@@ -225,7 +225,7 @@ TEST_F(ScanFaultTest, everySystemCallInTurnFailsOnce) {
       EXPECT_TRUE(allowed == left.end() ? cameras.size() == 2 : allowed->second.contains(cameras.size()))
           << cameras.size() << " cameras";
       for (const CameraInfo& camera : cameras) {
-        const bool usb = camera.type == CameraType::Usb;
+        const bool usb = camera.type == CameraType::kUsb;
         const std::set<std::string> possible =
             usb ? std::set<std::string>{"Name of A", "AcmeUSB Camera"}
                 : std::set<std::string>{"Pin", "AcmeInternal Camera", "Internal Camera"};

@@ -11,7 +11,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr DEVPROPKEY NameKey = {{0xB725F130, 0x47EF, 0x101A, {0xA5, 0xF1, 0x02, 0x60, 0x8C, 0x9E, 0xEB, 0xAC}}, 10};
+constexpr DEVPROPKEY kNameKey = {{0xB725F130, 0x47EF, 0x101A, {0xA5, 0xF1, 0x02, 0x60, 0x8C, 0x9E, 0xEB, 0xAC}}, 10};
 
 class WinDeviceInterfaceScannerTest : public CameraFixture {
  protected:
@@ -22,7 +22,7 @@ class WinDeviceInterfaceScannerTest : public CameraFixture {
     return takeText([&](char** text) { return scanner.getRegistryProperty(index, number, text); });
   }
   std::optional<std::string> interfaceName(const std::string& path) {
-    return takeText([&](char** text) { return scanner.getInterfaceProperty(path, NameKey, text); });
+    return takeText([&](char** text) { return scanner.getInterfaceProperty(path, kNameKey, text); });
   }
 
   WinDeviceInterfaceScanner scanner;
@@ -30,10 +30,10 @@ class WinDeviceInterfaceScannerTest : public CameraFixture {
 };
 
 TEST_F(WinDeviceInterfaceScannerTest, keepsTheWantedDeviceClassWithAllInterfacesInOrder) {
-  plugIn(L"M", MediaSetupClass, L"\\\\?\\m");
-  plugIn(L"C", CameraSetupClass, L"\\\\?\\z").interfaces.push_back({VideoCameraInterface, L"\\\\?\\a", L"Pin"});
+  plugIn(L"M", kMediaSetupClass, L"\\\\?\\m");
+  plugIn(L"C", kCameraSetupClass, L"\\\\?\\z").interfaces.push_back({kVideoCameraInterface, L"\\\\?\\a", L"Pin"});
 
-  EXPECT_EQ(search(VideoCameraInterface, CameraSetupClass), 0u);
+  EXPECT_EQ(search(kVideoCameraInterface, kCameraSetupClass), 0u);
   ASSERT_EQ(found.size(), 1u);
   EXPECT_EQ(found["C"].deviceIndex, 0u);
   EXPECT_THAT(found["C"].interfacePaths, ElementsAre("\\\\?\\z", "\\\\?\\a"));
@@ -43,16 +43,16 @@ TEST_F(WinDeviceInterfaceScannerTest, keepsTheWantedDeviceClassWithAllInterfaces
   EXPECT_EQ(interfaceName("\\\\?\\z"), std::nullopt);
   EXPECT_EQ(interfaceName("\\\\?\\m"), std::nullopt);
 
-  EXPECT_EQ(search(VideoCameraInterface, GUID{}), 0u);
+  EXPECT_EQ(search(kVideoCameraInterface, GUID{}), 0u);
   EXPECT_EQ(found.size(), 2u);
-  EXPECT_EQ(search(CaptureInterface, GUID{}), 0u);
+  EXPECT_EQ(search(kCaptureInterface, GUID{}), 0u);
   EXPECT_THAT(found, IsEmpty());
   EXPECT_EQ(interfaceName("\\\\?\\a"), std::nullopt) << "only the last search counts";
   EXPECT_EQ(systemScript().outstanding().at("device information set"), 1);
 }
 
 TEST_F(WinDeviceInterfaceScannerTest, anyInterfaceClassOpensTheSetOfAllClasses) {
-  plugIn(L"C", CameraSetupClass, L"\\\\?\\c");
+  plugIn(L"C", kCameraSetupClass, L"\\\\?\\c");
   EXPECT_EQ(search(GUID{}, GUID{}), 0u);
   EXPECT_EQ(scanner.getDeviceCount(), 1u);
   ASSERT_EQ(scriptedSetupApi().openings.size(), 1u);
@@ -62,24 +62,24 @@ TEST_F(WinDeviceInterfaceScannerTest, anyInterfaceClassOpensTheSetOfAllClasses) 
 
 TEST_F(WinDeviceInterfaceScannerTest, aFilterOfAnotherKindOrAFailedOpeningFindsNothing) {
   class OtherFilter : public DeviceScanFilter {};
-  plugIn(L"C", CameraSetupClass, L"\\\\?\\c");
-  EXPECT_EQ(search(VideoCameraInterface, GUID{}), 0u);
+  plugIn(L"C", kCameraSetupClass, L"\\\\?\\c");
+  EXPECT_EQ(search(kVideoCameraInterface, GUID{}), 0u);
   EXPECT_EQ(scanner.search(OtherFilter(), found), 1u);
   EXPECT_THAT(found, IsEmpty());
 
   systemScript().failCall("SetupDiGetClassDevsW", 2);
-  EXPECT_EQ(search(VideoCameraInterface, GUID{}), 1u);
+  EXPECT_EQ(search(kVideoCameraInterface, GUID{}), 1u);
   EXPECT_THAT(found, IsEmpty());
   EXPECT_EQ(property(0, SPDRP_MFG), std::nullopt);
   EXPECT_EQ(systemScript().outstanding(), (std::map<std::string, int>()));
 }
 
 TEST_F(WinDeviceInterfaceScannerTest, skipsWhatCannotBeReadAndGoesOn) {
-  plugIn(L"A", CameraSetupClass, L"\\\\?\\a");
-  plugIn(L"B", CameraSetupClass, L"\\\\?\\b1").interfaces.push_back({VideoCameraInterface, L"\\\\?\\b2", {}});
+  plugIn(L"A", kCameraSetupClass, L"\\\\?\\a");
+  plugIn(L"B", kCameraSetupClass, L"\\\\?\\b1").interfaces.push_back({kVideoCameraInterface, L"\\\\?\\b2", {}});
   systemScript().failCall("SetupDiGetDeviceInstanceIdW", 1);
   systemScript().failCall("SetupDiGetDeviceInterfaceDetailW", 1);
-  EXPECT_EQ(search(VideoCameraInterface, GUID{}), 0u);
+  EXPECT_EQ(search(kVideoCameraInterface, GUID{}), 0u);
   ASSERT_EQ(found.size(), 1u);
   EXPECT_EQ(found["B"].deviceIndex, 1u);
   EXPECT_THAT(found["B"].interfacePaths, ElementsAre("\\\\?\\b2"));
@@ -91,14 +91,14 @@ TEST_F(WinDeviceInterfaceScannerTest, skipsWhatCannotBeReadAndGoesOn) {
 }
 
 TEST_F(WinDeviceInterfaceScannerTest, readsRegistryProperties) {
-  ScriptedDevice& device = plugIn(L"A", CameraSetupClass, L"\\\\?\\a");
+  ScriptedDevice& device = plugIn(L"A", kCameraSetupClass, L"\\\\?\\a");
   device.setText(SPDRP_DEVICEDESC, L"K\u00e4mera");
   device.setText(SPDRP_DRIVER, L"k");
   device.setText(SPDRP_ENUMERATOR_NAME, L"\u96c6\u6210\u6444\u50cf\u5934");
   device.properties[SPDRP_SERVICE] = L"";
   device.properties[SPDRP_HARDWAREID] = L"not terminated";
   setDriverVersion(L"k", L"1.2");
-  EXPECT_EQ(search(VideoCameraInterface, GUID{}), 0u);
+  EXPECT_EQ(search(kVideoCameraInterface, GUID{}), 0u);
 
   EXPECT_EQ(property(0, SPDRP_DEVICEDESC), "K\u00e4mera");
   EXPECT_EQ(property(0, SPDRP_HARDWAREID), "not terminated");
@@ -120,10 +120,10 @@ TEST_F(WinDeviceInterfaceScannerTest, readsRegistryProperties) {
 class ParentTest : public WinDeviceInterfaceScannerTest {
  protected:
   ParentTest() {
-    plugIn(L"USB\\HUB\\1", ImageSetupClass, L"\\\\?\\usb#hub", CaptureInterface);
-    plugIn(L"USB\\CAM\\1", CameraSetupClass, L"\\\\?\\usb#cam").parentId = L"USB\\HUB\\1";
-    plugIn(L"ORPHAN", CameraSetupClass, L"\\\\?\\usb#orphan");
-    search(VideoCameraInterface, GUID{});
+    plugIn(L"USB\\HUB\\1", kImageSetupClass, L"\\\\?\\usb#hub", kCaptureInterface);
+    plugIn(L"USB\\CAM\\1", kCameraSetupClass, L"\\\\?\\usb#cam").parentId = L"USB\\HUB\\1";
+    plugIn(L"ORPHAN", kCameraSetupClass, L"\\\\?\\usb#orphan");
+    search(kVideoCameraInterface, GUID{});
   }
 
   std::optional<std::string> parentPath(std::uint32_t index = 0) {
@@ -134,14 +134,14 @@ class ParentTest : public WinDeviceInterfaceScannerTest {
         [&](char** text) { return scanner.getParentRegistryProperty(filter, index, SPDRP_FRIENDLYNAME, text); });
   }
 
-  WinDeviceScanFilter filter{CaptureInterface, ImageSetupClass};
+  WinDeviceScanFilter filter{kCaptureInterface, kImageSetupClass};
 };
 
 TEST_F(ParentTest, isFoundByItsIdAmongTheFiltersDevices) {
   EXPECT_EQ(parentPath(), "\\\\?\\usb#hub");
   EXPECT_EQ(parentName(), "Name of USB\\HUB\\1");
   EXPECT_EQ(scriptedSetupApi().openings.back().flags, 10u);
-  EXPECT_EQ(*scriptedSetupApi().openings.back().devicesClass, ImageSetupClass);
+  EXPECT_EQ(*scriptedSetupApi().openings.back().devicesClass, kImageSetupClass);
 
   scriptedSetupApi().devices[1].parentId = L"usb\\hub\\1";
   EXPECT_EQ(parentPath(), "\\\\?\\usb#hub");

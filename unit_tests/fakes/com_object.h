@@ -1,8 +1,8 @@
 #pragma once
 
-#include <atomic>
-
 #include <mfobjects.h>
+
+#include <atomic>
 
 /// How many fake COM objects of all kinds exist.
 inline std::atomic<int> fakeComObjects{0};

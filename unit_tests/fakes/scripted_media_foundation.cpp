@@ -1,19 +1,20 @@
 #include "unit_tests/fakes/scripted_media_foundation.h"
 
-#include <set>
-
+#include <windows.h>
 #include <mfapi.h>
 #include <mferror.h>
 #include <mfidl.h>
 #include <objbase.h>
+
+#include <set>
 
 #include "unit_tests/fakes/com_object.h"
 #include "unit_tests/fakes/system_script.h"
 
 namespace {
 
-constexpr char ArrayKind[] = "array of sources";
-constexpr char LinkKind[] = "link text";
+constexpr char kArrayKind[] = "array of sources";
+constexpr char kLinkKind[] = "link text";
 
 /// Blocks that the scripted calls handed out, by kind.
 std::set<const void*> handedOutArrays;
@@ -45,7 +46,7 @@ class FakeSource : public ComAttributes<IMFActivate> {
     (*text)[link->copy(*text, link->size())] = L'\0';
     *length = static_cast<UINT32>(link->size());
     handedOutLinks.insert(*text);
-    systemScript().acquire(LinkKind);
+    systemScript().acquire(kLinkKind);
     return S_OK;
   }
   STDMETHODIMP ActivateObject(REFIID, void**) override { return E_NOTIMPL; }
@@ -73,9 +74,9 @@ void WINAPI uninitializeCom() {
 void WINAPI freeTaskMemory(LPVOID block) {
   if (handedOutArrays.erase(block) != 0) {
     systemScript().note("array freed");
-    systemScript().release(ArrayKind);
+    systemScript().release(kArrayKind);
   }
-  if (handedOutLinks.erase(block) != 0) systemScript().release(LinkKind);
+  if (handedOutLinks.erase(block) != 0) systemScript().release(kLinkKind);
   static const auto real = reinterpret_cast<decltype(&CoTaskMemFree)>(
       reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"ole32.dll"), "CoTaskMemFree")));
   real(block);
@@ -115,7 +116,7 @@ HRESULT WINAPI MFEnumDeviceSources(IMFAttributes* attributes, IMFActivate*** sou
   *sources = static_cast<IMFActivate**>(CoTaskMemAlloc((links.size() + 1) * sizeof(IMFActivate*)));
   for (std::size_t index = 0; index < links.size(); ++index) (*sources)[index] = new FakeSource(links[index]);
   handedOutArrays.insert(*sources);
-  systemScript().acquire(ArrayKind);
+  systemScript().acquire(kArrayKind);
   return S_OK;
 }
 

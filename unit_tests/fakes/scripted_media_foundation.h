@@ -1,10 +1,10 @@
 #pragma once
 
+#include <windows.h>
+
 #include <optional>
 #include <string>
 #include <vector>
-
-#include <windows.h>
 
 /// The video capture sources that Media Foundation lists, and how COM starts.
 struct ScriptedMediaFoundation {

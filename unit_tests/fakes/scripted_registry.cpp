@@ -15,7 +15,7 @@ LSTATUS WINAPI getValue(HKEY root, LPCWSTR key, LPCWSTR name, DWORD flags, LPDWO
   const DWORD needed = static_cast<DWORD>((text->second.size() + 1) * sizeof(wchar_t));
   const DWORD available = *bytes;
   *bytes = needed;
-  if (buffer == nullptr) return ERROR_SUCCESS;
+  if (!buffer) return ERROR_SUCCESS;
   scriptedRegistry().bufferSizes.push_back(available);
   if (available < needed) return ERROR_MORE_DATA;
   std::memcpy(buffer, text->second.c_str(), needed);

@@ -1,11 +1,11 @@
 #pragma once
 
+#include <windows.h>
+
 #include <map>
 #include <string>
 #include <utility>
 #include <vector>
-
-#include <windows.h>
 
 /// What RegGetValueW finds below HKEY_LOCAL_MACHINE.
 struct ScriptedRegistry {

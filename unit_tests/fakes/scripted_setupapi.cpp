@@ -1,12 +1,12 @@
 #include "unit_tests/fakes/scripted_setupapi.h"
 
+#include <windows.h>
+#include <setupapi.h>
+#include <cfgmgr32.h>
+
 #include <algorithm>
 #include <cstring>
 #include <set>
-
-#include <setupapi.h>
-
-#include <cfgmgr32.h>
 
 #include "unit_tests/fakes/system_script.h"
 
@@ -16,8 +16,8 @@ extern "C" WINSETUPAPI BOOL WINAPI SetupDiGetDeviceInterfacePropertyW(HDEVINFO, 
 
 namespace {
 
-constexpr char SetKind[] = "device information set";
-constexpr DEVPROPKEY NameKey = {{0xB725F130, 0x47EF, 0x101A, {0xA5, 0xF1, 0x02, 0x60, 0x8C, 0x9E, 0xEB, 0xAC}}, 10};
+constexpr char kSetKind[] = "device information set";
+constexpr DEVPROPKEY kNameKey = {{0xB725F130, 0x47EF, 0x101A, {0xA5, 0xF1, 0x02, 0x60, 0x8C, 0x9E, 0xEB, 0xAC}}, 10};
 
 /// An open set: positions in the scripted list of devices.
 using DeviceSet = std::vector<std::size_t>;
@@ -34,7 +34,7 @@ BOOL failWith(DWORD error) {
 
 /// Copies a value of `bytes` bytes as SetupAPI does: without room it tells the size.
 BOOL deliver(const void* value, std::size_t bytes, void* buffer, std::size_t size, PDWORD required) {
-  if (required != nullptr) *required = static_cast<DWORD>(bytes);
+  if (required) *required = static_cast<DWORD>(bytes);
   if (size < bytes) return failWith(ERROR_INSUFFICIENT_BUFFER);
   if (bytes != 0) std::memcpy(buffer, value, bytes);
   return TRUE;
@@ -64,8 +64,7 @@ const ScriptedInterface* interfaceOf(HDEVINFO set, const SP_DEVICE_INTERFACE_DAT
 }
 
 HDEVINFO WINAPI getClassDevs(const GUID* devicesClass, PCWSTR, HWND, DWORD flags) {
-  scriptedSetupApi().openings.push_back(
-      {devicesClass != nullptr ? std::optional<GUID>(*devicesClass) : std::nullopt, flags});
+  scriptedSetupApi().openings.push_back({devicesClass ? std::optional<GUID>(*devicesClass) : std::nullopt, flags});
   if (systemScript().fails("SetupDiGetClassDevsW")) {
     SetLastError(ERROR_ACCESS_DENIED);
     return INVALID_HANDLE_VALUE;
@@ -76,13 +75,13 @@ HDEVINFO WINAPI getClassDevs(const GUID* devicesClass, PCWSTR, HWND, DWORD flags
     if (belongs(devices[index], devicesClass, flags)) set->push_back(index);
   }
   openSets().insert(set);
-  systemScript().acquire(SetKind);
+  systemScript().acquire(kSetKind);
   return set;
 }
 
 BOOL WINAPI destroyDeviceInfoList(HDEVINFO set) {
   systemScript().note("SetupDiDestroyDeviceInfoList");
-  systemScript().release(SetKind);
+  systemScript().release(kSetKind);
   if (openSets().erase(set) == 0) return failWith(ERROR_INVALID_HANDLE);
   delete static_cast<DeviceSet*>(set);
   return TRUE;
@@ -102,13 +101,13 @@ BOOL WINAPI enumDeviceInfo(HDEVINFO set, DWORD index, PSP_DEVINFO_DATA data) {
 BOOL WINAPI getDeviceInstanceId(HDEVINFO set, PSP_DEVINFO_DATA data, PWSTR buffer, DWORD size, PDWORD required) {
   if (systemScript().fails("SetupDiGetDeviceInstanceIdW")) return failWith(ERROR_ACCESS_DENIED);
   const ScriptedDevice* device = deviceOf(set, data);
-  if (device == nullptr) return FALSE;
+  if (!device) return FALSE;
   // This one counts in characters.
   const std::size_t length = device->instanceId.size() + 1;
   DWORD bytes = 0;
   const BOOL done = deliver(device->instanceId.c_str(), length * sizeof(wchar_t), buffer,
                             std::size_t{size} * sizeof(wchar_t), &bytes);
-  if (required != nullptr) *required = static_cast<DWORD>(length);
+  if (required) *required = static_cast<DWORD>(length);
   return done;
 }
 
@@ -116,7 +115,7 @@ BOOL WINAPI enumDeviceInterfaces(HDEVINFO set, PSP_DEVINFO_DATA data, const GUID
                                  PSP_DEVICE_INTERFACE_DATA found) {
   if (systemScript().fails("SetupDiEnumDeviceInterfaces")) return failWith(ERROR_ACCESS_DENIED);
   const ScriptedDevice* device = deviceOf(set, data);
-  if (device == nullptr) return FALSE;
+  if (!device) return FALSE;
   if (found->cbSize != 32) return failWith(ERROR_INVALID_USER_BUFFER);
   for (std::size_t position = 0; position < device->interfaces.size(); ++position) {
     if (device->interfaces[position].interfaceClass != *interfaceClass || index-- != 0) continue;
@@ -132,11 +131,11 @@ BOOL WINAPI getDeviceInterfaceDetail(HDEVINFO set, PSP_DEVICE_INTERFACE_DATA dat
                                      PSP_DEVINFO_DATA) {
   if (systemScript().fails("SetupDiGetDeviceInterfaceDetailW")) return failWith(ERROR_ACCESS_DENIED);
   const ScriptedInterface* entry = interfaceOf(set, data);
-  if (entry == nullptr) return FALSE;
-  if (detail != nullptr && detail->cbSize != 8) return failWith(ERROR_INVALID_USER_BUFFER);
+  if (!entry) return FALSE;
+  if (detail && detail->cbSize != 8) return failWith(ERROR_INVALID_USER_BUFFER);
   const std::size_t bytes = (entry->path.size() + 1) * sizeof(wchar_t);
   constexpr std::size_t Header = offsetof(SP_DEVICE_INTERFACE_DETAIL_DATA_W, DevicePath);
-  if (required != nullptr) *required = static_cast<DWORD>(bytes + Header);
+  if (required) *required = static_cast<DWORD>(bytes + Header);
   if (size < bytes + Header) return failWith(ERROR_INSUFFICIENT_BUFFER);
   std::memcpy(detail->DevicePath, entry->path.c_str(), bytes);
   return TRUE;
@@ -146,7 +145,7 @@ BOOL WINAPI getDeviceRegistryProperty(HDEVINFO set, PSP_DEVINFO_DATA data, DWORD
                                       DWORD size, PDWORD required) {
   if (systemScript().fails("SetupDiGetDeviceRegistryPropertyW")) return failWith(ERROR_ACCESS_DENIED);
   const ScriptedDevice* device = deviceOf(set, data);
-  if (device == nullptr) return FALSE;
+  if (!device) return FALSE;
   const auto value = device->properties.find(property);
   if (value == device->properties.end()) return failWith(ERROR_INVALID_DATA);
   return deliver(value->second.data(), value->second.size() * sizeof(wchar_t), buffer, size, required);
@@ -156,26 +155,26 @@ BOOL WINAPI getDeviceInterfaceProperty(HDEVINFO set, PSP_DEVICE_INTERFACE_DATA d
                                        DEVPROPTYPE* type, PBYTE buffer, DWORD size, PDWORD required, DWORD) {
   if (systemScript().fails("SetupDiGetDeviceInterfacePropertyW")) return failWith(ERROR_ACCESS_DENIED);
   const ScriptedInterface* entry = interfaceOf(set, data);
-  if (entry == nullptr) return FALSE;
-  if (!entry->name || key->fmtid != NameKey.fmtid || key->pid != NameKey.pid) return failWith(ERROR_NOT_FOUND);
-  if (buffer != nullptr) scriptedSetupApi().interfacePropertySizes.push_back(size);
+  if (!entry) return FALSE;
+  if (!entry->name || key->fmtid != kNameKey.fmtid || key->pid != kNameKey.pid) return failWith(ERROR_NOT_FOUND);
+  if (buffer) scriptedSetupApi().interfacePropertySizes.push_back(size);
   *type = DEVPROP_TYPE_STRING;
   return deliver(entry->name->c_str(), (entry->name->size() + 1) * sizeof(wchar_t), buffer, size, required);
 }
 
 /// Device instances are numbered from 1 by their position; a parent that is no scripted device of its own has the
 /// number of its child with this bit.
-constexpr DEVINST ParentBit = 0x1000;
+constexpr DEVINST kParentBit = 0x1000;
 
 const std::wstring& idOf(DEVINST instance) {
-  const ScriptedDevice& device = scriptedSetupApi().devices.at((instance & ~ParentBit) - 1);
-  return instance & ParentBit ? device.parentId : device.instanceId;
+  const ScriptedDevice& device = scriptedSetupApi().devices.at((instance & ~kParentBit) - 1);
+  return instance & kParentBit ? device.parentId : device.instanceId;
 }
 
 CONFIGRET WINAPI getParent(PDEVINST parent, DEVINST child, ULONG) {
   if (systemScript().fails("CM_Get_Parent")) return CR_CALL_NOT_IMPLEMENTED;
   if (scriptedSetupApi().devices.at(child - 1).parentId.empty()) return CR_NO_SUCH_DEVNODE;
-  *parent = child | ParentBit;
+  *parent = child | kParentBit;
   return CR_SUCCESS;
 }
 

@@ -1,11 +1,11 @@
 #pragma once
 
+#include <windows.h>
+
 #include <map>
 #include <optional>
 #include <string>
 #include <vector>
-
-#include <windows.h>
 
 struct ScriptedInterface {
   GUID interfaceClass;

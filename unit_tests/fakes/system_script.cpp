@@ -17,13 +17,13 @@ std::atomic<int> arrays{0};
 
 void* operator new[](std::size_t size) {
   void* block = std::malloc(size);
-  if (block == nullptr) throw std::bad_alloc();
+  if (!block) throw std::bad_alloc();
   ++arrays;
   return block;
 }
 
 void operator delete[](void* block) noexcept {
-  if (block != nullptr) --arrays;
+  if (block) --arrays;
   std::free(block);
 }
 

@@ -105,7 +105,7 @@ TEST_F(CameraBarcodeDialogTest, ShowsItsTextsAndTheFirstAttempt) {
   EXPECT_EQ(child<QPushButton>(*dialog, kPrefix + "button_fail")->text(), "<FAIL>");
   EXPECT_EQ(dialog->focusWidget(), part("button_fail"));
 
-  const BarcodeSizes sizes = BarcodeSizesFor(QGuiApplication::primaryScreen()->geometry().width());
+  const BarcodeSizes sizes = barcodeSizesFor(QGuiApplication::primaryScreen()->geometry().width());
   EXPECT_EQ(dialog->maximumSize(), QSize(sizes.imageWidth, sizes.imageHeight));
   EXPECT_EQ(part("gray_area_top")->minimumHeight(), sizes.grayAreaHeight);
   EXPECT_EQ(part("gray_area_bottom")->minimumHeight(), sizes.grayAreaHeight);
@@ -128,7 +128,7 @@ TEST_F(CameraBarcodeDialogTest, ShowsItsTextsAndTheFirstAttempt) {
 
 TEST(BarcodeSizesTest, AScreenOnTheBoundaryFallsIntoTheLowerRow) {
   const auto row = [](int width) {
-    const BarcodeSizes sizes = BarcodeSizesFor(width);
+    const BarcodeSizes sizes = barcodeSizesFor(width);
     return std::vector{sizes.imageWidth, sizes.imageHeight, sizes.grayAreaHeight};
   };
   for (const int width : {0, 640, 800}) EXPECT_THAT(row(width), ElementsAre(480, 340, 40));
@@ -205,13 +205,13 @@ TEST_F(CameraBarcodeDialogTest, ArrowsOfAScreenReaderPassOverWhatIsHidden) {
 
 TEST_F(CameraBarcodeDialogTest, StretchesAFrameAndDrawsTheViewfinder) {
   create();
-  const BarcodeSizes sizes = BarcodeSizesFor(QGuiApplication::primaryScreen()->geometry().width());
+  const BarcodeSizes sizes = barcodeSizesFor(QGuiApplication::primaryScreen()->geometry().width());
   QImage frame(4, 3, QImage::Format_RGB32);
   frame.fill(Qt::black);
   EXPECT_TRUE(dialog->LoadFrame(frame));
   QImage expected(sizes.imageWidth, sizes.imageHeight, QImage::Format_RGB32);
   expected.fill(Qt::black);
-  DrawViewfinder(expected, sizes.imageWidth < 720);
+  drawViewfinder(expected, sizes.imageWidth < 720);
   auto* const view = child<QLabel>(*dialog, kPrefix + "camera_image");
   EXPECT_EQ(view->pixmap().toImage().convertToFormat(QImage::Format_RGB32), expected);
 
@@ -231,7 +231,7 @@ TEST(ViewfinderTest, DrawsTheCornersOfASquareAndOfARectangle) {
   for (const bool small : {true, false}) {
     QImage image(960, 540, QImage::Format_RGB32);
     image.fill(black);
-    DrawViewfinder(image, small);
+    drawViewfinder(image, small);
     for (const Marks& marks : kMarks) {
       for (const QPoint side : {QPoint(1, 1), QPoint(1, -1), QPoint(-1, 1), QPoint(-1, -1)}) {
         const auto at = [&](int x, int y) { return image.pixelColor(479 + side.x() * x, 269 + side.y() * y); };

@@ -2,10 +2,10 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QMetaMethod>
 #include <QMouseEvent>
 #include <QThread>
 #include <QTranslator>
-#include <QMetaMethod>
 #include <QWidget>
 #include <QtCore/qtestsupport_core.h>
 

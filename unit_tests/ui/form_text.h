@@ -25,7 +25,7 @@ inline QString describeForm(const QWidget& widget, const QString& prefix, int de
   if (widget.focusPolicy() == Qt::StrongFocus) words += "strong";
   if (const QLayout* const around = depth > 0 ? widget.parentWidget()->layout() : nullptr) {
     const QLayoutItem* const item = around->itemAt(around->indexOf(&widget));
-    if (item == nullptr) {
+    if (!item) {
       words += "not placed";
     } else if (item->alignment()) {
       words += item->alignment() == Qt::AlignCenter    ? "centred"

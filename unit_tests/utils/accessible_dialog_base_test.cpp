@@ -15,7 +15,7 @@
 #include "utils/event_filters/high_contrast_event_filter.h"
 
 using vexa::utils::accessibility::AccessibleDialogBase;
-using vexa::utils::accessibility::HighContrastStyleSheet;
+using vexa::utils::accessibility::highContrastStyleSheet;
 using vexa::utils::event_filters::HighContrastEventFilter;
 using vexa::utils::style_manager::StyleManager;
 
@@ -28,7 +28,7 @@ class AccessibleDialogBaseTest : public testing::Test {
   void SetUp() override { fakePlatform() = {}; }
 
   static QString currentHighContrast() {
-    return HighContrastStyleSheet(HighContrastEventFilter(nullptr).ReadSystemColors());
+    return highContrastStyleSheet(HighContrastEventFilter(nullptr).ReadSystemColors());
   }
   static void changeTheme() { EXPECT_TRUE(sendNativeMessage("windows_generic_MSG", kThemeChanged)); }
 };
@@ -85,7 +85,7 @@ TEST_F(AccessibleDialogBaseTest, AllDialogsShareOneAccessibleObject) {
 
 TEST(HighContrastStyleTest, WritesRulesThatQtUnderstands) {
   fakePlatform() = {.shade = 90};
-  const QString sheet = HighContrastStyleSheet(HighContrastEventFilter(nullptr).ReadSystemColors());
+  const QString sheet = highContrastStyleSheet(HighContrastEventFilter(nullptr).ReadSystemColors());
   EXPECT_TRUE(
       sheet.startsWith(QStringLiteral("QWidget#border_widget {\n  background-color: %1;\n  border: 1px solid %2;\n"
                                       "  border-radius: 8px;\n}\n")

@@ -10,7 +10,7 @@
 
 using vexa::utils::platform::DisplayScaleTable;
 using vexa::utils::platform::lastMonitorDpi;
-using vexa::utils::platform::QuantiseDpi;
+using vexa::utils::platform::quantiseDpi;
 
 namespace {
 
@@ -27,7 +27,7 @@ TEST_F(DisplayScaleTableTest, DotsPerInchGoDownToTheNextStep) {
                                             {144, 144}, {167, 144}, {168, 168}, {191, 168}, {192, 192},
                                             {215, 192}, {216, 216}, {239, 216}, {240, 240}, {287, 240},
                                             {288, 288}, {335, 288}, {336, 336}, {400, 336}};
-  for (const auto& [dpi, step] : kTable) EXPECT_EQ(QuantiseDpi(dpi), step) << dpi;
+  for (const auto& [dpi, step] : kTable) EXPECT_EQ(quantiseDpi(dpi), step) << dpi;
 }
 
 TEST_F(DisplayScaleTableTest, OnlyTheScaleIsCappedAndEveryScreenHasAnEntry) {
@@ -43,7 +43,7 @@ TEST_F(DisplayScaleTableTest, OnlyTheScaleIsCappedAndEveryScreenHasAnEntry) {
 }
 
 TEST_F(DisplayScaleTableTest, AFailedQueryFallsBackToAWaitingValueThenToQt) {
-  const int logical = QuantiseDpi(static_cast<int>(QGuiApplication::screens().front()->logicalDotsPerInchX()));
+  const int logical = quantiseDpi(static_cast<int>(QGuiApplication::screens().front()->logicalDotsPerInchX()));
   EXPECT_EQ(DisplayScaleTable().fullDpi.front(), logical);
   lastMonitorDpi = 150;
   EXPECT_EQ(DisplayScaleTable().ScaleFactor(0), 1.5);

@@ -18,10 +18,10 @@ TEST(CameraFile, TheDefaultFileDescribesOneUsbAndOneDisplayCamera) {
   EXPECT_EQ(file.error.toStdString(), "");
   ASSERT_EQ(file.cameras.size(), 2U);
   EXPECT_EQ(file.cameras[0].name, QStringLiteral("Meridian HD Webcam"));
-  EXPECT_EQ(file.cameras[0].connection, Connection::Usb);
+  EXPECT_EQ(file.cameras[0].connection, Connection::kUsb);
   EXPECT_EQ(file.cameras[0].size, QSize(1280, 720));
   EXPECT_EQ(file.cameras[1].name, QStringLiteral("Integrated Camera"));
-  EXPECT_EQ(file.cameras[1].connection, Connection::BuiltIn);
+  EXPECT_EQ(file.cameras[1].connection, Connection::kBuiltIn);
   EXPECT_EQ(file.cameras[1].size, QSize(640, 480));
 }
 
@@ -50,13 +50,13 @@ TEST(CameraFile, BarcodesAreReadWithTheirTimes) {
   EXPECT_EQ(read.error.toStdString(), "");
   ASSERT_EQ(read.cameras.size(), 1U);
   const BarcodePicture expected{
-      {{Symbology::Ean13, QStringLiteral("4006381333931"), file, 1, 2}, {Symbology::Qr, QStringLiteral("a-b"), file}},
+      {{Symbology::kEan13, QStringLiteral("4006381333931"), file, 1, 2}, {Symbology::kQr, QStringLiteral("a-b"), file}},
       0.5,
       -30,
       1.5,
       0.1,
       0.4,
-      BarcodeBackground::White};
+      BarcodeBackground::kWhite};
   EXPECT_EQ(read.cameras[0].picture, PictureDescription(expected));
 }
 

@@ -48,7 +48,7 @@ QAccessibleInterface* AccessibleDialogBase::accessibleInterface() {
 
 void AccessibleDialogBase::applyHighContrastStyle() {
   systemColors = highContrastFilter->ReadSystemColors();
-  setStyleSheet(HighContrastStyleSheet(systemColors));
+  setStyleSheet(highContrastStyleSheet(systemColors));
 }
 
 }  // namespace vexa::utils::accessibility

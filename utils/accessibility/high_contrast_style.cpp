@@ -87,7 +87,7 @@ QString colorName(const QList<QColor>& systemColors, SystemColor color) {
 
 }  // namespace
 
-QString HighContrastStyleSheet(const QList<QColor>& systemColors) {
+QString highContrastStyleSheet(const QList<QColor>& systemColors) {
   QString sheet;
   for (const Rule& rule : kRules) {
     sheet += QLatin1String(rule.selector) + QLatin1String(" {\n");

@@ -1,8 +1,8 @@
 // What the high-contrast filter asks of Windows.
 
-#include "utils/event_filters/high_contrast_event_filter.h"
-
 #include <windows.h>
+
+#include "utils/event_filters/high_contrast_event_filter.h"
 
 namespace vexa::utils::event_filters {
 

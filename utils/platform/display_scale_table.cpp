@@ -18,7 +18,7 @@ constexpr std::int32_t kHighestScaleDpi = 192;
 
 }  // namespace
 
-std::int32_t QuantiseDpi(std::int32_t dpi) {
+std::int32_t quantiseDpi(std::int32_t dpi) {
   const auto next = std::upper_bound(kSteps.begin(), kSteps.end(), dpi);
   return next == kSteps.begin() ? kSteps.front() : *(next - 1);
 }
@@ -31,7 +31,7 @@ DisplayScaleTable::DisplayScaleTable() {
     QueryMonitorDpi(i);
     std::int32_t dpi = std::exchange(lastMonitorDpi, 0);
     if (dpi == 0) dpi = static_cast<std::int32_t>(QGuiApplication::screens().at(i)->logicalDotsPerInchX());
-    fullDpi.back() = QuantiseDpi(dpi);
+    fullDpi.back() = quantiseDpi(dpi);
     scaleDpi.back() = std::min(fullDpi.back(), kHighestScaleDpi);
   }
 }

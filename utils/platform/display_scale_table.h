@@ -6,7 +6,7 @@
 namespace vexa::utils::platform {
 
 /// The highest of the steps 96, 120, 144, 168, 192, 216, 240, 288 and 336 that is not above `dpi`, but at least 96.
-[[nodiscard]] std::int32_t QuantiseDpi(std::int32_t dpi);
+[[nodiscard]] std::int32_t quantiseDpi(std::int32_t dpi);
 
 /// How far each Qt screen is scaled. Only for the user-interface thread; the table is a picture of the moment in which
 /// it was built.

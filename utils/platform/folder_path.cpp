@@ -1,7 +1,6 @@
 #include "utils/platform/folder_path.h"
 
 #include <windows.h>
-
 #include <knownfolders.h>
 #include <lmcons.h>
 #include <shlobj.h>

@@ -1,10 +1,10 @@
 #include "utils/platform/monitor_dpi.h"
 
+#include <windows.h>
+
 #include <QGuiApplication>
 #include <QRect>
 #include <QScreen>
-
-#include <windows.h>
 
 #include <bit>
 #include <vector>
@@ -19,7 +19,7 @@ class HostLibrary {
  public:
   explicit HostLibrary(const char* fileName) : library(get_module()->load(fileName, 1)) {}
   ~HostLibrary() {
-    if (library != nullptr) get_module()->unload(library);
+    if (library) get_module()->unload(library);
   }
   HostLibrary(const HostLibrary&) = delete;
   HostLibrary& operator=(const HostLibrary&) = delete;
@@ -60,7 +60,7 @@ bool startsAt(HMONITOR monitor, QPoint position) {
 }
 
 HRESULT queryDpi(HMONITOR monitor, GetDpiForMonitorFunction getDpiForMonitor) {
-  if (monitor == nullptr || getDpiForMonitor == nullptr) return E_INVALIDARG;
+  if (!monitor || !getDpiForMonitor) return E_INVALIDARG;
   UINT x = 0;
   UINT y = 0;
   const HRESULT status = getDpiForMonitor(monitor, kEffectiveDpi, &x, &y);

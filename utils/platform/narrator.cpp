@@ -10,7 +10,7 @@ bool IsNarratorRunning() {
 
   // Narrator does not set the flag, but holds this mutex while it runs.
   const HANDLE mutex = OpenMutexW(READ_CONTROL, FALSE, L"NarratorRunning");
-  if (mutex == nullptr) return false;
+  if (!mutex) return false;
   CloseHandle(mutex);
   return true;
 }

@@ -1,21 +1,21 @@
 #pragma once
 
+#include <QSize>
+#include <QString>
+
 #include <limits>
 #include <variant>
 #include <vector>
 
-#include <QSize>
-#include <QString>
-
 /// How a camera is attached; decides what its device path begins with.
-enum class Connection { Usb, BuiltIn };
+enum class Connection { kUsb, kBuiltIn };
 
 /// The device setup class under which a camera is registered.
-enum class SetupClass { Camera, Image, Media };
+enum class SetupClass { kCamera, kImage, kMedia };
 
 /// What the camera says about its rows: positive (top to bottom), negative (bottom to top, and so it delivers them), or
 /// nothing at all, in which case they run from top to bottom.
-enum class Stride { Positive, Negative, Absent };
+enum class Stride { kPositive, kNegative, kAbsent };
 
 struct TestPatternPicture {
   bool operator==(const TestPatternPicture&) const = default;
@@ -28,11 +28,11 @@ struct ImageFilePicture {
   bool operator==(const ImageFilePicture&) const = default;
 };
 
-enum class Symbology { Qr, DataMatrix, Aztec, Pdf417, Code128, Code39, Ean13 };
+enum class Symbology { kQr, kDataMatrix, kAztec, kPdf417, kCode128, kCode39, kEan13 };
 
 /// A barcode that is held before the camera for a while.
 struct ShownCode {
-  Symbology symbology = Symbology::Qr;
+  Symbology symbology = Symbology::kQr;
   QString text;
   QString file;                                         ///< absolute path of the image that an encoder made of it
   double from = 0;                                      ///< seconds since the camera was started
@@ -41,7 +41,7 @@ struct ShownCode {
   bool operator==(const ShownCode&) const = default;
 };
 
-enum class BarcodeBackground { Desk, White, TestPattern };
+enum class BarcodeBackground { kDesk, kWhite, kTestPattern };
 
 /// A label with a barcode before a background, as a camera that is not perfect sees it.
 struct BarcodePicture {
@@ -51,7 +51,7 @@ struct BarcodePicture {
   double blur = 0;               ///< standard deviation, in pixels
   double noise = 0;              ///< standard deviation of the brightness, as a share of white
   double contrast = 1;           ///< 0: uniform grey
-  BarcodeBackground background = BarcodeBackground::Desk;
+  BarcodeBackground background = BarcodeBackground::kDesk;
 
   bool operator==(const BarcodePicture&) const = default;
 };
@@ -60,20 +60,20 @@ struct BarcodePicture {
 using PictureDescription = std::variant<TestPatternPicture, ImageFilePicture, BarcodePicture>;
 
 enum class FaultKind {
-  NoOpen,          ///< the device source cannot be created
-  NotRgb32,        ///< the camera offers a format that nothing can convert
-  FirstReadFails,  ///< opens, but every read fails: another program holds the camera
-  Stall,           ///< no frames
-  Tick,            ///< one stream tick in place of a frame
-  EndOfStream,
-  Removed,      ///< unplugged: the removal is broadcast and no more frames come
-  Invalidated,  ///< unplugged: reads report that the device is gone
-  Error,        ///< reads fail
-  SizeChange,   ///< frames have another size from here on
+  kNoOpen,          ///< the device source cannot be created
+  kNotRgb32,        ///< the camera offers a format that nothing can convert
+  kFirstReadFails,  ///< opens, but every read fails: another program holds the camera
+  kStall,           ///< no frames
+  kTick,            ///< one stream tick in place of a frame
+  kEndOfStream,
+  kRemoved,      ///< unplugged: the removal is broadcast and no more frames come
+  kInvalidated,  ///< unplugged: reads report that the device is gone
+  kError,        ///< reads fail
+  kSizeChange,   ///< frames have another size from here on
 };
 
 struct Fault {
-  FaultKind kind = FaultKind::NoOpen;
+  FaultKind kind = FaultKind::kNoOpen;
   double at = 0;                                              ///< seconds since the camera was started
   double duration = std::numeric_limits<double>::infinity();  ///< seconds; of a stall
   QSize size = {};                                            ///< of a size change
@@ -88,11 +88,11 @@ struct CameraDescription {
   QString description;
   QString hardwareId;
   QString driverVersion;
-  Connection connection = Connection::Usb;
-  SetupClass setupClass = SetupClass::Camera;
+  Connection connection = Connection::kUsb;
+  SetupClass setupClass = SetupClass::kCamera;
   QSize size;
   double framesPerSecond = 30;
-  Stride stride = Stride::Positive;
+  Stride stride = Stride::kPositive;
   PictureDescription picture;
   std::vector<Fault> faults;  ///< in order of time
 

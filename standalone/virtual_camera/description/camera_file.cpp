@@ -1,12 +1,12 @@
 #include "standalone/virtual_camera/description/camera_file.h"
 
-#include <algorithm>
-#include <array>
-
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonDocument>
+
+#include <algorithm>
+#include <array>
 
 #include "standalone/virtual_camera/description/json_object_reader.h"
 #include "standalone/virtual_camera/description/picture_reader.h"
@@ -16,59 +16,59 @@ namespace {
 template <class Enum>
 using Word = JsonObjectReader::Word<Enum>;
 
-constexpr std::array connectionWords{Word<Connection>{"usb", Connection::Usb},
-                                     Word<Connection>{"display", Connection::BuiltIn}};
-constexpr std::array setupClassWords{Word<SetupClass>{"camera", SetupClass::Camera},
-                                     Word<SetupClass>{"image", SetupClass::Image},
-                                     Word<SetupClass>{"media", SetupClass::Media}};
-constexpr std::array strideWords{Word<Stride>{"positive", Stride::Positive}, Word<Stride>{"negative", Stride::Negative},
-                                 Word<Stride>{"absent", Stride::Absent}};
-constexpr std::array faultWords{Word<FaultKind>{"no-open", FaultKind::NoOpen},
-                                Word<FaultKind>{"not-rgb32", FaultKind::NotRgb32},
-                                Word<FaultKind>{"first-read-fails", FaultKind::FirstReadFails},
-                                Word<FaultKind>{"stall", FaultKind::Stall},
-                                Word<FaultKind>{"tick", FaultKind::Tick},
-                                Word<FaultKind>{"end-of-stream", FaultKind::EndOfStream},
-                                Word<FaultKind>{"removed", FaultKind::Removed},
-                                Word<FaultKind>{"invalidated", FaultKind::Invalidated},
-                                Word<FaultKind>{"error", FaultKind::Error},
-                                Word<FaultKind>{"size-change", FaultKind::SizeChange}};
+constexpr std::array kConnectionWords{Word<Connection>{"usb", Connection::kUsb},
+                                      Word<Connection>{"display", Connection::kBuiltIn}};
+constexpr std::array kSetupClassWords{Word<SetupClass>{"camera", SetupClass::kCamera},
+                                      Word<SetupClass>{"image", SetupClass::kImage},
+                                      Word<SetupClass>{"media", SetupClass::kMedia}};
+constexpr std::array kStrideWords{Word<Stride>{"positive", Stride::kPositive},
+                                  Word<Stride>{"negative", Stride::kNegative}, Word<Stride>{"absent", Stride::kAbsent}};
+constexpr std::array kFaultWords{Word<FaultKind>{"no-open", FaultKind::kNoOpen},
+                                 Word<FaultKind>{"not-rgb32", FaultKind::kNotRgb32},
+                                 Word<FaultKind>{"first-read-fails", FaultKind::kFirstReadFails},
+                                 Word<FaultKind>{"stall", FaultKind::kStall},
+                                 Word<FaultKind>{"tick", FaultKind::kTick},
+                                 Word<FaultKind>{"end-of-stream", FaultKind::kEndOfStream},
+                                 Word<FaultKind>{"removed", FaultKind::kRemoved},
+                                 Word<FaultKind>{"invalidated", FaultKind::kInvalidated},
+                                 Word<FaultKind>{"error", FaultKind::kError},
+                                 Word<FaultKind>{"size-change", FaultKind::kSizeChange}};
 
-constexpr NumberRange lengthRange{64, 4096};
-constexpr NumberRange rateRange{1, 240};
-constexpr NumberRange timeRange{0, 86400};
-constexpr qsizetype mostCameras = 64;
+constexpr NumberRange kLengthRange{64, 4096};
+constexpr NumberRange kRateRange{1, 240};
+constexpr NumberRange kTimeRange{0, 86400};
+constexpr qsizetype kMostCameras = 64;
 
 QSize readSize(const JsonObjectReader& reader) {
-  return {reader.integer("width", lengthRange), reader.integer("height", lengthRange)};
+  return {reader.integer("width", kLengthRange), reader.integer("height", kLengthRange)};
 }
 
 Fault readFault(const JsonObjectReader& reader) {
   Fault fault;
-  fault.kind = reader.word("kind", wordsOf(faultWords));
+  fault.kind = reader.word("kind", wordsOf(kFaultWords));
   switch (fault.kind) {
-    case FaultKind::NoOpen:
-    case FaultKind::NotRgb32:
-    case FaultKind::FirstReadFails:
+    case FaultKind::kNoOpen:
+    case FaultKind::kNotRgb32:
+    case FaultKind::kFirstReadFails:
       reader.allowOnly({"kind"});
       return fault;
-    case FaultKind::Stall:
+    case FaultKind::kStall:
       reader.allowOnly({"kind", "at", "seconds"});
-      fault.duration = reader.number("seconds", timeRange, fault.duration);
+      fault.duration = reader.number("seconds", kTimeRange, fault.duration);
       break;
-    case FaultKind::SizeChange:
+    case FaultKind::kSizeChange:
       reader.allowOnly({"kind", "at", "width", "height"});
       fault.size = readSize(reader);
       break;
-    case FaultKind::Tick:
-    case FaultKind::EndOfStream:
-    case FaultKind::Removed:
-    case FaultKind::Invalidated:
-    case FaultKind::Error:
+    case FaultKind::kTick:
+    case FaultKind::kEndOfStream:
+    case FaultKind::kRemoved:
+    case FaultKind::kInvalidated:
+    case FaultKind::kError:
       reader.allowOnly({"kind", "at"});
       break;
   }
-  fault.at = reader.number("at", timeRange);
+  fault.at = reader.number("at", kTimeRange);
   return fault;
 }
 
@@ -80,13 +80,13 @@ CameraDescription readCamera(const JsonObjectReader& reader, const QString& plac
   if (camera.name.trimmed().isEmpty()) throw JsonContentError(reader.pathOf("name") + QStringLiteral(" is blank"));
   camera.manufacturer = reader.text("manufacturer", QString());
   camera.description = reader.text("description", QString());
-  camera.connection = reader.word("connection", wordsOf(connectionWords));
+  camera.connection = reader.word("connection", wordsOf(kConnectionWords));
   camera.hardwareId = reader.text("hardwareId", QString());
   camera.driverVersion = reader.text("driverVersion", QString());
-  camera.setupClass = reader.word("setupClass", wordsOf(setupClassWords), std::optional(SetupClass::Camera));
+  camera.setupClass = reader.word("setupClass", wordsOf(kSetupClassWords), std::optional(SetupClass::kCamera));
   camera.size = readSize(reader);
-  camera.framesPerSecond = reader.number("framesPerSecond", rateRange, 30.0);
-  camera.stride = reader.word("stride", wordsOf(strideWords), std::optional(Stride::Positive));
+  camera.framesPerSecond = reader.number("framesPerSecond", kRateRange, 30.0);
+  camera.stride = reader.word("stride", wordsOf(kStrideWords), std::optional(Stride::kPositive));
   if (reader.has("picture")) camera.picture = readPicture(reader.child("picture"), folder);
 
   const QJsonArray faults = reader.list("faults", false);
@@ -101,9 +101,9 @@ std::vector<CameraDescription> readCameras(const QJsonValue& root, const QDir& f
   const JsonObjectReader reader(root, QString());
   reader.allowOnly({"cameras"});
   const QJsonArray list = reader.list("cameras", true);
-  if (list.size() > mostCameras) {
+  if (list.size() > kMostCameras) {
     throw JsonContentError(
-        QStringLiteral("cameras holds %1 cameras; allowed are at most %2").arg(list.size()).arg(mostCameras));
+        QStringLiteral("cameras holds %1 cameras; allowed are at most %2").arg(list.size()).arg(kMostCameras));
   }
   std::vector<CameraDescription> cameras;
   for (qsizetype i = 0; i < list.size(); ++i) {

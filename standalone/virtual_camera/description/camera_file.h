@@ -1,9 +1,9 @@
 #pragma once
 
-#include <vector>
-
 #include <QByteArray>
 #include <QString>
+
+#include <vector>
 
 #include "standalone/virtual_camera/description/camera_description.h"
 

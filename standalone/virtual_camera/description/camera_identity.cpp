@@ -13,7 +13,7 @@ QString devicePart(const CameraDescription& camera) {
     if (!allowed) character = u'_';
   }
   if (!part.isEmpty()) return part;
-  return camera.connection == Connection::Usb ? QStringLiteral("VID_1BCF&PID_2C99") : QStringLiteral("VCAM0001");
+  return camera.connection == Connection::kUsb ? QStringLiteral("VID_1BCF&PID_2C99") : QStringLiteral("VCAM0001");
 }
 
 }  // namespace
@@ -23,7 +23,7 @@ QString cameraInterfaceClass() {
 }
 
 CameraIdentity identityOf(const CameraDescription& camera, std::size_t position) {
-  const QString enumerator = camera.connection == Connection::Usb ? QStringLiteral("USB") : QStringLiteral("DISPLAY");
+  const QString enumerator = camera.connection == Connection::kUsb ? QStringLiteral("USB") : QStringLiteral("DISPLAY");
   const QString instanceId = QStringLiteral("%1\\%2\\VCAM&%3")
                                  .arg(enumerator, devicePart(camera))
                                  .arg(static_cast<qulonglong>(position), 4, 10, QLatin1Char('0'));

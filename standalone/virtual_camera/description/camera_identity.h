@@ -1,8 +1,8 @@
 #pragma once
 
-#include <vector>
-
 #include <QString>
+
+#include <vector>
 
 #include "standalone/virtual_camera/description/camera_description.h"
 

@@ -1,16 +1,16 @@
 #pragma once
 
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QString>
+#include <QStringList>
+
 #include <array>
 #include <initializer_list>
 #include <optional>
 #include <span>
 #include <stdexcept>
 #include <utility>
-
-#include <QJsonArray>
-#include <QJsonObject>
-#include <QString>
-#include <QStringList>
 
 /// Thrown by JsonObjectReader: a sentence without its final stop.
 class JsonContentError : public std::runtime_error {

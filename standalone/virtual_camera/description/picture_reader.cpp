@@ -8,25 +8,25 @@ namespace {
 template <class Enum>
 using Word = JsonObjectReader::Word<Enum>;
 
-enum class PictureKind { TestPattern, Image, Barcode };
-constexpr std::array pictureWords{Word<PictureKind>{"test-pattern", PictureKind::TestPattern},
-                                  Word<PictureKind>{"image", PictureKind::Image},
-                                  Word<PictureKind>{"barcode", PictureKind::Barcode}};
+enum class PictureKind { kTestPattern, kImage, kBarcode };
+constexpr std::array kPictureWords{Word<PictureKind>{"test-pattern", PictureKind::kTestPattern},
+                                   Word<PictureKind>{"image", PictureKind::kImage},
+                                   Word<PictureKind>{"barcode", PictureKind::kBarcode}};
 
-constexpr std::array symbologyWords{Word<Symbology>{"qr", Symbology::Qr},
-                                    Word<Symbology>{"data-matrix", Symbology::DataMatrix},
-                                    Word<Symbology>{"aztec", Symbology::Aztec},
-                                    Word<Symbology>{"pdf417", Symbology::Pdf417},
-                                    Word<Symbology>{"code-128", Symbology::Code128},
-                                    Word<Symbology>{"code-39", Symbology::Code39},
-                                    Word<Symbology>{"ean-13", Symbology::Ean13}};
+constexpr std::array kSymbologyWords{Word<Symbology>{"qr", Symbology::kQr},
+                                     Word<Symbology>{"data-matrix", Symbology::kDataMatrix},
+                                     Word<Symbology>{"aztec", Symbology::kAztec},
+                                     Word<Symbology>{"pdf417", Symbology::kPdf417},
+                                     Word<Symbology>{"code-128", Symbology::kCode128},
+                                     Word<Symbology>{"code-39", Symbology::kCode39},
+                                     Word<Symbology>{"ean-13", Symbology::kEan13}};
 
-constexpr std::array backgroundWords{Word<BarcodeBackground>{"desk", BarcodeBackground::Desk},
-                                     Word<BarcodeBackground>{"white", BarcodeBackground::White},
-                                     Word<BarcodeBackground>{"test-pattern", BarcodeBackground::TestPattern}};
+constexpr std::array kBackgroundWords{Word<BarcodeBackground>{"desk", BarcodeBackground::kDesk},
+                                      Word<BarcodeBackground>{"white", BarcodeBackground::kWhite},
+                                      Word<BarcodeBackground>{"test-pattern", BarcodeBackground::kTestPattern}};
 
-constexpr NumberRange timeRange{0, 86400};
-constexpr qsizetype mostCodes = 64;
+constexpr NumberRange kTimeRange{0, 86400};
+constexpr qsizetype kMostCodes = 64;
 
 QString readImageFile(const JsonObjectReader& reader, const QDir& folder) {
   QString file = folder.absoluteFilePath(reader.text("file"));
@@ -45,15 +45,15 @@ QString readImageFile(const JsonObjectReader& reader, const QDir& folder) {
 ShownCode readCode(const JsonObjectReader& reader, const QDir& folder) {
   reader.allowOnly({"symbology", "text", "file", "from", "to"});
   ShownCode code;
-  code.symbology = reader.word("symbology", wordsOf(symbologyWords));
+  code.symbology = reader.word("symbology", wordsOf(kSymbologyWords));
   code.text = reader.text("text");
   if (!reader.has("file")) {
     throw JsonContentError(reader.pathOf("file") +
                            QStringLiteral(" is missing: tools/encode_codes draws the codes of a description"));
   }
   code.file = readImageFile(reader, folder);
-  code.from = reader.number("from", timeRange, code.from);
-  code.to = reader.number("to", timeRange, code.to);
+  code.from = reader.number("from", kTimeRange, code.from);
+  code.to = reader.number("to", kTimeRange, code.to);
   if (code.to <= code.from) {
     throw JsonContentError(QStringLiteral("%1 is %2; allowed is only what comes after the code's beginning at %3")
                                .arg(reader.pathOf("to"))
@@ -67,11 +67,11 @@ BarcodePicture readBarcodePicture(const JsonObjectReader& reader, const QDir& fo
   reader.allowOnly({"kind", "codes", "size", "rotation", "blur", "noise", "contrast", "background"});
   BarcodePicture picture;
   const QJsonArray codes = reader.list("codes", true);
-  if (codes.size() > mostCodes) {
+  if (codes.size() > kMostCodes) {
     throw JsonContentError(QStringLiteral("%1 holds %2 codes; allowed are at most %3")
                                .arg(reader.pathOf("codes"))
                                .arg(codes.size())
-                               .arg(mostCodes));
+                               .arg(kMostCodes));
   }
   for (qsizetype i = 0; i < codes.size(); ++i) {
     picture.codes.push_back(
@@ -82,21 +82,21 @@ BarcodePicture readBarcodePicture(const JsonObjectReader& reader, const QDir& fo
   picture.blur = reader.number("blur", {0, 20}, picture.blur);
   picture.noise = reader.number("noise", {0, 1}, picture.noise);
   picture.contrast = reader.number("contrast", {0, 1}, picture.contrast);
-  picture.background = reader.word("background", wordsOf(backgroundWords), std::optional(picture.background));
+  picture.background = reader.word("background", wordsOf(kBackgroundWords), std::optional(picture.background));
   return picture;
 }
 
 }  // namespace
 
 PictureDescription readPicture(const JsonObjectReader& reader, const QDir& folder) {
-  switch (reader.word("kind", wordsOf(pictureWords))) {
-    case PictureKind::TestPattern:
+  switch (reader.word("kind", wordsOf(kPictureWords))) {
+    case PictureKind::kTestPattern:
       reader.allowOnly({"kind"});
       break;
-    case PictureKind::Image:
+    case PictureKind::kImage:
       reader.allowOnly({"kind", "file"});
       return ImageFilePicture{readImageFile(reader, folder)};
-    case PictureKind::Barcode:
+    case PictureKind::kBarcode:
       return readBarcodePicture(reader, folder);
   }
   return TestPatternPicture{};

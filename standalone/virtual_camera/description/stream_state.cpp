@@ -5,29 +5,29 @@ StreamState streamStateAt(std::span<const Fault> faults, double seconds) {
   for (const Fault& fault : faults) {
     if (fault.at > seconds) break;
     switch (fault.kind) {
-      case FaultKind::NoOpen:
-      case FaultKind::NotRgb32:
+      case FaultKind::kNoOpen:
+      case FaultKind::kNotRgb32:
         break;
-      case FaultKind::Stall:
-        if (seconds < fault.at + fault.duration) state.kind = StreamState::Kind::Silence;
+      case FaultKind::kStall:
+        if (seconds < fault.at + fault.duration) state.kind = StreamState::Kind::kSilence;
         break;
-      case FaultKind::Tick:
+      case FaultKind::kTick:
         ++state.ticks;
         break;
-      case FaultKind::SizeChange:
+      case FaultKind::kSizeChange:
         state.size = fault.size;
         break;
-      case FaultKind::EndOfStream:
-        state.kind = StreamState::Kind::Ended;
+      case FaultKind::kEndOfStream:
+        state.kind = StreamState::Kind::kEnded;
         return state;
-      case FaultKind::Removed:
-        state.kind = StreamState::Kind::Silence;
+      case FaultKind::kRemoved:
+        state.kind = StreamState::Kind::kSilence;
         state.removed = true;
         return state;
-      case FaultKind::FirstReadFails:
-      case FaultKind::Invalidated:
-      case FaultKind::Error:
-        state.kind = StreamState::Kind::Failing;
+      case FaultKind::kFirstReadFails:
+      case FaultKind::kInvalidated:
+      case FaultKind::kError:
+        state.kind = StreamState::Kind::kFailing;
         state.cause = fault.kind;
         return state;
     }

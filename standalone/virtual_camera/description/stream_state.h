@@ -1,21 +1,21 @@
 #pragma once
 
+#include <QSize>
+
 #include <optional>
 #include <span>
-
-#include <QSize>
 
 #include "standalone/virtual_camera/description/camera_description.h"
 
 /// What a camera's stream does at a moment, as its faults have it.
 struct StreamState {
-  enum class Kind { Frames, Silence, Ended, Failing };
+  enum class Kind { kFrames, kSilence, kEnded, kFailing };
 
-  Kind kind = Kind::Frames;
-  FaultKind cause = FaultKind::Error;  ///< of `Failing`
-  int ticks = 0;                       ///< how many stream ticks fell due up to now
-  bool removed = false;                ///< the removal is to be broadcast
-  std::optional<QSize> size = {};      ///< set once the frame size changed
+  Kind kind = Kind::kFrames;
+  FaultKind cause = FaultKind::kError;  ///< of `Failing`
+  int ticks = 0;                        ///< how many stream ticks fell due up to now
+  bool removed = false;                 ///< the removal is to be broadcast
+  std::optional<QSize> size = {};       ///< set once the frame size changed
 
   bool operator==(const StreamState&) const = default;
 };

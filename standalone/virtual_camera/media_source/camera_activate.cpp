@@ -1,8 +1,8 @@
 #include "standalone/virtual_camera/media_source/camera_activate.h"
 
-#include <utility>
-
 #include <mfidl.h>
+
+#include <utility>
 
 using Microsoft::WRL::ComPtr;
 

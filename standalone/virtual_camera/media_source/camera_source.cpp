@@ -1,9 +1,9 @@
 #include "standalone/virtual_camera/media_source/camera_source.h"
 
+#include <mferror.h>
+
 #include <cmath>
 #include <utility>
-
-#include <mferror.h>
 
 #include "standalone/virtual_camera/media_source/frame_sample.h"
 #include "standalone/virtual_camera/media_source/removal_broadcast.h"
@@ -13,17 +13,17 @@ using Microsoft::WRL::ComPtr;
 
 namespace {
 
-constexpr double unitsPerSecond = 1e7;  // Media Foundation counts time in 100 ns
+constexpr double kUnitsPerSecond = 1e7;  // Media Foundation counts time in 100 ns
 
 LONGLONG mediaTime(double seconds) {
-  return std::llround(seconds * unitsPerSecond);
+  return std::llround(seconds * kUnitsPerSecond);
 }
 
 HRESULT statusOf(FaultKind cause) {
   switch (cause) {
-    case FaultKind::FirstReadFails:
+    case FaultKind::kFirstReadFails:
       return MF_E_VIDEO_RECORDING_DEVICE_PREEMPTED;
-    case FaultKind::Invalidated:
+    case FaultKind::kInvalidated:
       return MF_E_VIDEO_RECORDING_DEVICE_INVALIDATED;
     default:
       return HRESULT_FROM_WIN32(ERROR_GEN_FAILURE);
@@ -143,17 +143,17 @@ void CameraSource::frameTime(quint64 number, double seconds) {
     return;
   }
   switch (state.kind) {
-    case StreamState::Kind::Silence:
+    case StreamState::Kind::kSilence:
       return;
-    case StreamState::Kind::Ended:
+    case StreamState::Kind::kEnded:
       ended = true;
       stream.end();
       queueEvent(MEEndOfPresentation);
       return;
-    case StreamState::Kind::Failing:
+    case StreamState::Kind::kFailing:
       deliverFailure(state.cause);
       return;
-    case StreamState::Kind::Frames:
+    case StreamState::Kind::kFrames:
       break;
   }
   if (stream.hasRequest()) deliverFrame(number, seconds, state.size.value_or(camera.size));
@@ -172,14 +172,14 @@ void CameraSource::deliverFrame(quint64 number, double seconds, QSize size) {
                              mediaTime(1 / camera.framesPerSecond), &sample))) {
     return;
   }
-  if (isNewSize) sample->SetUINT32(sample_marks::mediaTypeChanged, 1);
+  if (isNewSize) sample->SetUINT32(sample_marks::kMediaTypeChanged, 1);
   stream.deliver(sample.Get());
 }
 
 void CameraSource::deliverFailure(FaultKind cause) {
   ComPtr<IMFSample> sample;
   if (FAILED(MFCreateSample(&sample))) return;
-  sample->SetUINT32(sample_marks::readFails, static_cast<UINT32>(statusOf(cause)));
+  sample->SetUINT32(sample_marks::kReadFails, static_cast<UINT32>(statusOf(cause)));
   sample->SetSampleTime(0);
   stream.deliver(sample.Get());
 }

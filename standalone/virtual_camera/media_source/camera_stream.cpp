@@ -1,8 +1,8 @@
 #include "standalone/virtual_camera/media_source/camera_stream.h"
 
-#include <utility>
-
 #include <mferror.h>
+
+#include <utility>
 
 HRESULT CameraStream::initialise(IMFMediaType* type) {
   if (FAILED(queueStatus)) return queueStatus;
@@ -27,7 +27,7 @@ HRESULT CameraStream::QueryInterface(REFIID iid, void** object) {
 HRESULT CameraStream::GetMediaSource(IMFMediaSource** source) {
   if (!source) return E_POINTER;
   const std::lock_guard lock(mutex);
-  if (state == State::ShutDown) return MF_E_SHUTDOWN;
+  if (state == State::kShutDown) return MF_E_SHUTDOWN;
   owner.AddRef();
   *source = &owner;
   return S_OK;
@@ -36,20 +36,20 @@ HRESULT CameraStream::GetMediaSource(IMFMediaSource** source) {
 HRESULT CameraStream::GetStreamDescriptor(IMFStreamDescriptor** streamDescriptor) {
   if (!streamDescriptor) return E_POINTER;
   const std::lock_guard lock(mutex);
-  if (state == State::ShutDown) return MF_E_SHUTDOWN;
+  if (state == State::kShutDown) return MF_E_SHUTDOWN;
   return descriptor.CopyTo(streamDescriptor);
 }
 
 HRESULT CameraStream::RequestSample(IUnknown* token) {
   const std::lock_guard lock(mutex);
   switch (state) {
-    case State::ShutDown:
+    case State::kShutDown:
       return MF_E_SHUTDOWN;
-    case State::Stopped:
+    case State::kStopped:
       return MF_E_MEDIA_SOURCE_WRONGSTATE;
-    case State::Ended:
+    case State::kEnded:
       return MF_E_END_OF_STREAM;
-    case State::Running:
+    case State::kRunning:
       break;
   }
   requests.emplace_back(token);
@@ -64,18 +64,18 @@ bool CameraStream::hasRequest() {
 void CameraStream::start(const PROPVARIANT* position) {
   {
     const std::lock_guard lock(mutex);
-    state = State::Running;
+    state = State::kRunning;
   }
   queueEvent(MEStreamStarted, position);
 }
 
 void CameraStream::stop() {
-  takeRequests(State::Stopped);
+  takeRequests(State::kStopped);
   queueEvent(MEStreamStopped);
 }
 
 void CameraStream::shutdown() {
-  takeRequests(State::ShutDown);
+  takeRequests(State::kShutDown);
   if (events) events->Shutdown();
 }
 
@@ -99,7 +99,7 @@ void CameraStream::tick(LONGLONG time) {
 }
 
 void CameraStream::end() {
-  takeRequests(State::Ended);
+  takeRequests(State::kEnded);
   queueEvent(MEEndOfStream);
 }
 

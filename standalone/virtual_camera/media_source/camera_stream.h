@@ -39,13 +39,13 @@ class CameraStream final : public EventGenerator<IMFMediaStream> {
 
  private:
   using Token = Microsoft::WRL::ComPtr<IUnknown>;
-  enum class State { Stopped, Running, Ended, ShutDown };
+  enum class State { kStopped, kRunning, kEnded, kShutDown };
 
   std::deque<Token> takeRequests(State next);
 
   IMFMediaSource& owner;
   Microsoft::WRL::ComPtr<IMFStreamDescriptor> descriptor;
   std::mutex mutex;  // never held while a reference is released: that may run anybody's code
-  State state = State::Stopped;
+  State state = State::kStopped;
   std::deque<Token> requests;
 };

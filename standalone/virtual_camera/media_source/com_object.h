@@ -1,11 +1,11 @@
 #pragma once
 
-#include <atomic>
-
 #include <unknwn.h>
 
-/// IUnknown over a class with one chain of base interfaces. Answers IUnknown and `Interfaces`. Born without a reference,
-/// for a ComPtr to take the first; the last Release deletes it.
+#include <atomic>
+
+/// IUnknown over a class with one chain of base interfaces. Answers IUnknown and `Interfaces`. Born without a
+/// reference, for a ComPtr to take the first; the last Release deletes it.
 template <class Base, class... Interfaces>
 class ComObject : public Base {
  public:

@@ -1,15 +1,15 @@
 // Media Foundation's list of capture sources and the opening of one, which Wine does not have: the planted cameras.
 // Everything else of Media Foundation is the system's.
 
-#include <algorithm>
-#include <vector>
-
 #include <mfapi.h>
 #include <mferror.h>
 #include <mfidl.h>
 #include <wrl/client.h>
 
 #include <QtDebug>
+
+#include <algorithm>
+#include <vector>
 
 #include "standalone/virtual_camera/description/camera_file.h"
 #include "standalone/virtual_camera/description/camera_identity.h"
@@ -95,7 +95,7 @@ HRESULT WINAPI MFCreateDeviceSource(IMFAttributes* attributes, IMFMediaSource** 
   for (std::size_t i = 0; i < cameras.size(); ++i) {
     const QString ownLink = identityOf(cameras[i], i).symbolicLink;
     if (ownLink.compare(link, Qt::CaseInsensitive) != 0) continue;
-    if (cameras[i].hasFault(FaultKind::NoOpen)) return E_ACCESSDENIED;
+    if (cameras[i].hasFault(FaultKind::kNoOpen)) return E_ACCESSDENIED;
     return CameraSource::create(cameras[i], ownLink, source);
   }
   return HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND);

@@ -1,11 +1,11 @@
 #pragma once
 
+#include <QtGlobal>
+
 #include <condition_variable>
 #include <functional>
 #include <mutex>
 #include <thread>
-
-#include <QtGlobal>
 
 /// A thread that calls back at each frame time. Frame times are counted from the start, so that they do not drift; one
 /// that passes while the callback is still busy is left out. start and stop are called by one thread at a time, never

@@ -1,38 +1,38 @@
 #include "standalone/virtual_camera/media_source/frame_sample.h"
 
-#include <algorithm>
-#include <cmath>
-
 #include <mfapi.h>
 #include <mferror.h>
 #include <wrl/client.h>
+
+#include <algorithm>
+#include <cmath>
 
 using Microsoft::WRL::ComPtr;
 
 namespace {
 
-constexpr UINT32 bytesPerPixel = 4;
-constexpr QRgb colourBits = 0x00FFFFFF;
+constexpr UINT32 kBytesPerPixel = 4;
+constexpr QRgb kColourBits = 0x00FFFFFF;
 
 // FOURCC "VCAM" in the form of all video subtypes.
-constexpr GUID unknownFormat{0x4D414356, 0x0000, 0x0010, {0x80, 0x00, 0x00, 0xAA, 0x00, 0x38, 0x9B, 0x71}};
+constexpr GUID kUnknownFormat{0x4D414356, 0x0000, 0x0010, {0x80, 0x00, 0x00, 0xAA, 0x00, 0x38, 0x9B, 0x71}};
 
 UINT64 pairOf(UINT32 high, UINT32 low) {
   return (UINT64{high} << 32) | low;
 }
 
 UINT64 rateOf(double framesPerSecond) {
-  constexpr double parts = 1000;
+  constexpr double kParts = 1000;
   if (framesPerSecond == std::floor(framesPerSecond)) return pairOf(static_cast<UINT32>(framesPerSecond), 1);
-  return pairOf(static_cast<UINT32>(std::lround(framesPerSecond * parts)), static_cast<UINT32>(parts));
+  return pairOf(static_cast<UINT32>(std::lround(framesPerSecond * kParts)), static_cast<UINT32>(kParts));
 }
 
 void copyRows(const QImage& image, Stride stride, QRgb* destination) {
   const int width = image.width();
   for (int row = 0; row < image.height(); ++row) {
-    const int from = stride == Stride::Negative ? image.height() - 1 - row : row;
+    const int from = stride == Stride::kNegative ? image.height() - 1 - row : row;
     const auto* pixels = reinterpret_cast<const QRgb*>(image.constScanLine(from));
-    destination = std::transform(pixels, pixels + width, destination, [](QRgb pixel) { return pixel & colourBits; });
+    destination = std::transform(pixels, pixels + width, destination, [](QRgb pixel) { return pixel & kColourBits; });
   }
 }
 
@@ -41,30 +41,30 @@ void copyRows(const QImage& image, Stride stride, QRgb* destination) {
 HRESULT makeMediaType(const CameraDescription& camera, QSize size, IMFMediaType** type) {
   const auto width = static_cast<UINT32>(size.width());
   const auto height = static_cast<UINT32>(size.height());
-  const bool isRgb32 = !camera.hasFault(FaultKind::NotRgb32);
+  const bool isRgb32 = !camera.hasFault(FaultKind::kNotRgb32);
 
   ComPtr<IMFMediaType> made;
   HRESULT status = MFCreateMediaType(&made);
   if (FAILED(status)) return status;
   made->SetGUID(MF_MT_MAJOR_TYPE, MFMediaType_Video);
-  made->SetGUID(MF_MT_SUBTYPE, isRgb32 ? MFVideoFormat_RGB32 : unknownFormat);
+  made->SetGUID(MF_MT_SUBTYPE, isRgb32 ? MFVideoFormat_RGB32 : kUnknownFormat);
   made->SetUINT64(MF_MT_FRAME_SIZE, pairOf(width, height));
   made->SetUINT64(MF_MT_FRAME_RATE, rateOf(camera.framesPerSecond));
   made->SetUINT64(MF_MT_PIXEL_ASPECT_RATIO, pairOf(1, 1));
   made->SetUINT32(MF_MT_INTERLACE_MODE, MFVideoInterlace_Progressive);
   made->SetUINT32(MF_MT_ALL_SAMPLES_INDEPENDENT, TRUE);
   made->SetUINT32(MF_MT_FIXED_SIZE_SAMPLES, TRUE);
-  made->SetUINT32(MF_MT_SAMPLE_SIZE, width * height * bytesPerPixel);
-  if (camera.stride != Stride::Absent) {
-    const UINT32 stride = width * bytesPerPixel;
-    made->SetUINT32(MF_MT_DEFAULT_STRIDE, camera.stride == Stride::Negative ? 0U - stride : stride);
+  made->SetUINT32(MF_MT_SAMPLE_SIZE, width * height * kBytesPerPixel);
+  if (camera.stride != Stride::kAbsent) {
+    const UINT32 stride = width * kBytesPerPixel;
+    made->SetUINT32(MF_MT_DEFAULT_STRIDE, camera.stride == Stride::kNegative ? 0U - stride : stride);
   }
   *type = made.Detach();
   return S_OK;
 }
 
 HRESULT makeFrameSample(const QImage& image, Stride stride, LONGLONG time, LONGLONG duration, IMFSample** sample) {
-  const auto size = static_cast<DWORD>(image.width()) * static_cast<DWORD>(image.height()) * bytesPerPixel;
+  const auto size = static_cast<DWORD>(image.width()) * static_cast<DWORD>(image.height()) * kBytesPerPixel;
   ComPtr<IMFMediaBuffer> buffer;
   HRESULT status = MFCreateMemoryBuffer(size, &buffer);
   if (FAILED(status)) return status;

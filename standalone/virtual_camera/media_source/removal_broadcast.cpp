@@ -1,17 +1,17 @@
 #include "standalone/virtual_camera/media_source/removal_broadcast.h"
 
+#include <windows.h>
+#include <dbt.h>
+
 #include <cstddef>
 #include <cstring>
 #include <memory>
 #include <vector>
 
-#include <windows.h>
-#include <dbt.h>
-
 namespace {
 
-constexpr GUID videoCameraInterface{0xe5323777, 0xf976, 0x4f5b, {0x9b, 0x55, 0xb9, 0x46, 0x99, 0xc4, 0x6e, 0x44}};
-constexpr UINT longestAnswer = 1000;  // milliseconds for one window
+constexpr GUID kVideoCameraInterface{0xe5323777, 0xf976, 0x4f5b, {0x9b, 0x55, 0xb9, 0x46, 0x99, 0xc4, 0x6e, 0x44}};
+constexpr UINT kLongestAnswer = 1000;  // milliseconds for one window
 
 // DEV_BROADCAST_DEVICEINTERFACE_W with its name behind it.
 using Broadcast = std::vector<std::byte>;
@@ -22,7 +22,7 @@ Broadcast makeBroadcast(const std::wstring& symbolicLink) {
   DEV_BROADCAST_DEVICEINTERFACE_W header{};
   header.dbcc_size = static_cast<DWORD>(bytes.size());
   header.dbcc_devicetype = DBT_DEVTYP_DEVICEINTERFACE;
-  header.dbcc_classguid = videoCameraInterface;
+  header.dbcc_classguid = kVideoCameraInterface;
   std::memcpy(bytes.data(), &header, offsetof(DEV_BROADCAST_DEVICEINTERFACE_W, dbcc_name));
   std::memcpy(bytes.data() + offsetof(DEV_BROADCAST_DEVICEINTERFACE_W, dbcc_name), symbolicLink.c_str(), nameBytes);
   return bytes;
@@ -53,7 +53,7 @@ void send(std::unique_ptr<Broadcast> broadcast) {
   for (HWND window : windowsOfThisProcess()) {
     DWORD_PTR answer = 0;
     const auto payload = reinterpret_cast<LPARAM>(broadcast->data());
-    if (!SendMessageTimeoutW(window, WM_DEVICECHANGE, DBT_DEVICEREMOVECOMPLETE, payload, SMTO_NORMAL, longestAnswer,
+    if (!SendMessageTimeoutW(window, WM_DEVICECHANGE, DBT_DEVICEREMOVECOMPLETE, payload, SMTO_NORMAL, kLongestAnswer,
                              &answer)) {
       allAnswered = false;
     }

@@ -1,9 +1,9 @@
 #include "standalone/virtual_camera/pictures/barcode_scene.h"
 
+#include <QPainter>
+
 #include <algorithm>
 #include <cmath>
-
-#include <QPainter>
 
 #include "standalone/virtual_camera/pictures/image_effects.h"
 #include "standalone/virtual_camera/pictures/test_pattern.h"
@@ -26,13 +26,13 @@ QImage drawDesk(QSize size) {
 
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(QPen(QColor(60, 36, 16, 26), std::max(1.0, size.height() / 300.0)));
-  constexpr int grains = 26;
-  for (int grain = 0; grain < grains; ++grain) {
+  constexpr int kGrains = 26;
+  for (int grain = 0; grain < kGrains; ++grain) {
     QPolygonF line;
     for (int i = 0; i <= 40; ++i) {
       const double along = i / 40.0;
       const double wave = 0.012 * std::sin(5 * along + 1.7 * grain) + 0.006 * std::sin(13 * along + 0.9 * grain);
-      line << QPointF(along * size.width(), ((grain + 0.5) / grains + wave) * size.height());
+      line << QPointF(along * size.width(), ((grain + 0.5) / kGrains + wave) * size.height());
     }
     painter.drawPolyline(line);
   }
@@ -41,11 +41,11 @@ QImage drawDesk(QSize size) {
 
 QImage drawBackground(BarcodeBackground background, QSize size) {
   switch (background) {
-    case BarcodeBackground::Desk:
+    case BarcodeBackground::kDesk:
       return drawDesk(size);
-    case BarcodeBackground::TestPattern:
+    case BarcodeBackground::kTestPattern:
       return TestPattern(size).frameAt(0, 0);
-    case BarcodeBackground::White:
+    case BarcodeBackground::kWhite:
       break;
   }
   QImage white(size, QImage::Format_RGB32);
@@ -104,7 +104,7 @@ QImage BarcodeScene::frameAt(quint64 frameNumber, double seconds) {
     return shown.from <= seconds && seconds < shown.to;
   });
   if (label != labels.rend()) {
-    const double remaining = std::max(0.0, 1 - (seconds - label->from) / secondsToArrive);
+    const double remaining = std::max(0.0, 1 - (seconds - label->from) / kSecondsToArrive);
     const QPoint below(0, static_cast<int>(remaining * remaining * frame.height()));
     QPainter(&frame).drawImage(label->place + below, label->layer);
   }

@@ -10,7 +10,7 @@
 class BarcodeScene final : public PictureSource {
  public:
   /// How long a label takes until it lies still.
-  static constexpr double secondsToArrive = 0.3;
+  static constexpr double kSecondsToArrive = 0.3;
 
   BarcodeScene(const BarcodePicture& picture, QSize size);
 

@@ -74,9 +74,10 @@ QImage blurred(const QImage& image, double deviation) {
 
 QImage withContrast(const QImage& image, double contrast) {
   if (contrast >= 1) return image;
-  constexpr int middle = 128;
+  constexpr int kMiddle = 128;
   std::array<int, 256> curve;
-  for (int i = 0; i < 256; ++i) curve[static_cast<std::size_t>(i)] = middle + static_cast<int>((i - middle) * contrast);
+  for (int i = 0; i < 256; ++i)
+    curve[static_cast<std::size_t>(i)] = kMiddle + static_cast<int>((i - kMiddle) * contrast);
   const auto at = [&curve](int value) { return curve[static_cast<std::size_t>(value)]; };
   QImage result = image;
   for (int y = 0; y < result.height(); ++y) {

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <memory>
-
 #include <QImage>
 #include <QSize>
+
+#include <memory>
 
 #include "standalone/virtual_camera/description/camera_description.h"
 

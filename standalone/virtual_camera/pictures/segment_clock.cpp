@@ -6,7 +6,7 @@
 namespace {
 
 // Bit 0 is the top segment, then clockwise to the upper left (bit 5), then the middle one (bit 6).
-constexpr std::array<unsigned, 10> segmentsOfDigit{0x3f, 0x06, 0x5b, 0x4f, 0x66, 0x6d, 0x7d, 0x07, 0x7f, 0x6f};
+constexpr std::array<unsigned, 10> kSegmentsOfDigit{0x3f, 0x06, 0x5b, 0x4f, 0x66, 0x6d, 0x7d, 0x07, 0x7f, 0x6f};
 
 void drawDigit(QPainter& painter, const QRectF& cell, int digit) {
   const double thick = 0.18 * cell.width();
@@ -22,7 +22,7 @@ void drawDigit(QPainter& painter, const QRectF& cell, int digit) {
                                        down,
                                        across.translated(0, half - thick / 2)};
   for (std::size_t i = 0; i < segments.size(); ++i) {
-    if ((segmentsOfDigit[static_cast<std::size_t>(digit)] >> i) & 1U) {
+    if ((kSegmentsOfDigit[static_cast<std::size_t>(digit)] >> i) & 1U) {
       painter.drawRoundedRect(segments[i], thick / 2, thick / 2);
     }
   }

@@ -1,16 +1,16 @@
 #include "standalone/virtual_camera/pictures/test_pattern.h"
 
-#include <cmath>
-#include <numbers>
-
 #include <QPainter>
 #include <QPainterPath>
+
+#include <cmath>
+#include <numbers>
 
 #include "standalone/virtual_camera/pictures/segment_clock.h"
 
 namespace {
 
-constexpr double secondsPerRound = 4.0;
+constexpr double kSecondsPerRound = 4.0;
 
 // Where things stand, in pixels of the frame.
 struct Layout {
@@ -53,13 +53,13 @@ void drawHills(QPainter& painter, const Layout& at) {
     QRgb colour;
     double top, rise, waves, phase;
   };
-  constexpr std::array hills{Hill{0xff8a4a7d, 0.60, 0.050, 2.1, 0.3}, Hill{0xff5a3369, 0.66, 0.045, 2.9, 1.9},
-                             Hill{0xff2f2150, 0.72, 0.035, 3.7, 4.0}};
-  for (const Hill& hill : hills) {
+  constexpr std::array kHills{Hill{0xff8a4a7d, 0.60, 0.050, 2.1, 0.3}, Hill{0xff5a3369, 0.66, 0.045, 2.9, 1.9},
+                              Hill{0xff2f2150, 0.72, 0.035, 3.7, 4.0}};
+  for (const Hill& hill : kHills) {
     QPainterPath path(QPointF(0, at.height));
-    constexpr int steps = 160;
-    for (int i = 0; i <= steps; ++i) {
-      const double along = double(i) / steps;
+    constexpr int kSteps = 160;
+    for (int i = 0; i <= kSteps; ++i) {
+      const double along = double(i) / kSteps;
       const double angle = 2 * std::numbers::pi * hill.waves * along + hill.phase;
       const double wave = 0.6 * std::sin(angle) + 0.3 * std::sin(2.3 * angle) + 0.1 * std::sin(7.1 * angle);
       path.lineTo(along * at.width, at.height * (hill.top - hill.rise * wave));
@@ -104,14 +104,14 @@ void drawStar(QPainter& painter, const Layout& at) {
   painter.setBrush(Qt::white);
   painter.drawEllipse(box);
   painter.setBrush(Qt::black);
-  constexpr int sectors = 24;
-  constexpr int unitsPerSector = 360 * 16 / (2 * sectors);
-  for (int i = 0; i < sectors; ++i) painter.drawPie(box, 2 * i * unitsPerSector, unitsPerSector);
+  constexpr int kSectors = 24;
+  constexpr int kUnitsPerSector = 360 * 16 / (2 * kSectors);
+  for (int i = 0; i < kSectors; ++i) painter.drawPie(box, 2 * i * kUnitsPerSector, kUnitsPerSector);
 }
 
 void drawGratings(QPainter& painter, const Layout& at) {
-  constexpr int widestPair = 16;
-  const int side = int(2 * at.sideRadius()) / (2 * widestPair) * (2 * widestPair);
+  constexpr int kWidestPair = 16;
+  const int side = int(2 * at.sideRadius()) / (2 * kWidestPair) * (2 * kWidestPair);
   const QPoint corner(int(0.89 * at.width) - side / 2, int(at.centre().y()) - side / 2);
   painter.fillRect(QRect(corner, QSize(side, side)), Qt::white);
   const int half = side / 2;
@@ -127,11 +127,11 @@ void drawGratings(QPainter& painter, const Layout& at) {
 }
 
 void drawStrips(QPainter& painter, const Layout& at) {
-  constexpr std::array<QRgb, 8> bars{0xffffffff, 0xffffff00, 0xff00ffff, 0xff00ff00,
-                                     0xffff00ff, 0xffff0000, 0xff0000ff, 0xff000000};
+  constexpr std::array<QRgb, 8> kBars{0xffffffff, 0xffffff00, 0xff00ffff, 0xff00ff00,
+                                      0xffff00ff, 0xffff0000, 0xff0000ff, 0xff000000};
   const QRectF all(0.08 * at.width, 0.80 * at.height, 0.84 * at.width, 0.16 * at.height);
-  QRectF bar(all.topLeft(), QSizeF(all.width() / bars.size(), 0.5 * all.height()));
-  for (const QRgb colour : bars) {
+  QRectF bar(all.topLeft(), QSizeF(all.width() / kBars.size(), 0.5 * all.height()));
+  for (const QRgb colour : kBars) {
     painter.fillRect(bar, QColor(colour));
     bar.translate(bar.width(), 0);
   }
@@ -150,13 +150,13 @@ void drawStrips(QPainter& painter, const Layout& at) {
 }
 
 void drawCorners(QPainter& painter, QSize size) {
-  constexpr int side = TestPattern::cornerSide;
-  const int right = size.width() - side;
-  const int bottom = size.height() - side;
-  painter.fillRect(0, 0, side, side, QColor(TestPattern::corners.topLeft));
-  painter.fillRect(right, 0, side, side, QColor(TestPattern::corners.topRight));
-  painter.fillRect(0, bottom, side, side, QColor(TestPattern::corners.bottomLeft));
-  painter.fillRect(right, bottom, side, side, QColor(TestPattern::corners.bottomRight));
+  constexpr int kSide = TestPattern::kCornerSide;
+  const int right = size.width() - kSide;
+  const int bottom = size.height() - kSide;
+  painter.fillRect(0, 0, kSide, kSide, QColor(TestPattern::kCorners.topLeft));
+  painter.fillRect(right, 0, kSide, kSide, QColor(TestPattern::kCorners.topRight));
+  painter.fillRect(0, bottom, kSide, kSide, QColor(TestPattern::kCorners.bottomLeft));
+  painter.fillRect(right, bottom, kSide, kSide, QColor(TestPattern::kCorners.bottomRight));
 }
 
 }  // namespace
@@ -183,10 +183,10 @@ QImage TestPattern::frameAt(quint64, double seconds) {
 
   // A light with a tail that fades behind it.
   painter.setPen(Qt::NoPen);
-  constexpr int lights = 14;
-  for (int i = lights - 1; i >= 0; --i) {
-    const double turns = std::fmod(seconds / secondsPerRound - i * 0.012 + 1, 1.0);
-    const double radius = 0.030 * at.height * (1 - 0.8 * i / lights);
+  constexpr int kLights = 14;
+  for (int i = kLights - 1; i >= 0; --i) {
+    const double turns = std::fmod(seconds / kSecondsPerRound - i * 0.012 + 1, 1.0);
+    const double radius = 0.030 * at.height * (1 - 0.8 * i / kLights);
     painter.setBrush(QColor(255, 255 - 9 * i, 200 - 12 * i, i == 0 ? 255 : 180 - 12 * i));
     painter.drawEllipse(at.onCircle(turns, at.circleRadius()), radius, radius);
   }

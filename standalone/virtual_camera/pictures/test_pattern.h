@@ -19,8 +19,8 @@ class TestPattern final : public PictureSource {
   };
 
   /// The side of a corner block in pixels.
-  static constexpr int cornerSide = 16;
-  static constexpr Corners corners{0xFFFF0000, 0xFF00FF00, 0xFF0000FF, 0xFFFFFF00};
+  static constexpr int kCornerSide = 16;
+  static constexpr Corners kCorners{0xFFFF0000, 0xFF00FF00, 0xFF0000FF, 0xFFFFFF00};
 
   explicit TestPattern(QSize size);
 

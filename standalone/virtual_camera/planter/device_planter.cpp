@@ -1,10 +1,10 @@
 #include "standalone/virtual_camera/planter/device_planter.h"
 
+#include <windows.h>
+
 #include <string>
 #include <system_error>
 #include <vector>
-
-#include <windows.h>
 
 #include "standalone/virtual_camera/description/camera_identity.h"
 #include "standalone/virtual_camera/planter/planted_description.h"
@@ -13,15 +13,15 @@
 namespace {
 
 // Driver keys are numbered within their setup class; Wine's own begin at 0.
-constexpr unsigned firstDriverNumber = 9000;
+constexpr unsigned kFirstDriverNumber = 9000;
 
 const wchar_t* setupClassGuid(SetupClass setupClass) {
   switch (setupClass) {
-    case SetupClass::Camera:
+    case SetupClass::kCamera:
       return L"{ca3e7ab9-b4c3-4ae6-8251-579ef933890f}";
-    case SetupClass::Image:
+    case SetupClass::kImage:
       return L"{6bdd1fc6-810f-11d0-bec7-08002be2092f}";
-    case SetupClass::Media:
+    case SetupClass::kMedia:
       return L"{4d36e96c-e325-11ce-bfc1-08002be10318}";
   }
   return L"";
@@ -44,7 +44,8 @@ DeviceKeys keysOf(const CameraDescription& camera, std::size_t position) {
   DeviceKeys keys;
   keys.instanceId = identity.instanceId.toStdWString();
   keys.symbolicLink = identity.symbolicLink.toStdWString();
-  keys.driver = std::wstring(setupClassGuid(camera.setupClass)) + L'\\' + std::to_wstring(firstDriverNumber + position);
+  keys.driver =
+      std::wstring(setupClassGuid(camera.setupClass)) + L'\\' + std::to_wstring(kFirstDriverNumber + position);
   keys.device = L"SYSTEM\\CurrentControlSet\\Enum\\" + keys.instanceId;
   keys.driverKey = control + L"Class\\" + keys.driver;
   // A link \\?\usb#... has the key ##?#usb#...
@@ -79,13 +80,13 @@ void plant(const CameraDescription& camera, const DeviceKeys& keys) {
 
 std::vector<std::wstring> recordedKeys() {
   DWORD bytes = 0;
-  if (RegGetValueW(HKEY_LOCAL_MACHINE, plantRecordKey, plantRecordKeys, RRF_RT_REG_MULTI_SZ, nullptr, nullptr,
+  if (RegGetValueW(HKEY_LOCAL_MACHINE, kPlantRecordKey, kPlantRecordKeys, RRF_RT_REG_MULTI_SZ, nullptr, nullptr,
                    &bytes) != ERROR_SUCCESS) {
     return {};
   }
   std::vector<wchar_t> list(bytes / sizeof(wchar_t) + 2);
   bytes = static_cast<DWORD>(list.size() * sizeof(wchar_t));
-  if (RegGetValueW(HKEY_LOCAL_MACHINE, plantRecordKey, plantRecordKeys, RRF_RT_REG_MULTI_SZ, nullptr, list.data(),
+  if (RegGetValueW(HKEY_LOCAL_MACHINE, kPlantRecordKey, kPlantRecordKeys, RRF_RT_REG_MULTI_SZ, nullptr, list.data(),
                    &bytes) != ERROR_SUCCESS) {
     return {};
   }
@@ -114,10 +115,10 @@ QString plantCameras(std::span<const CameraDescription> cameras, const QString& 
   }
   try {
     // The record first: what is written after it can always be found and removed again.
-    RegistryKey recordKey(plantRecordKey);
-    recordKey.setTexts(plantRecordKeys, record);
+    RegistryKey recordKey(kPlantRecordKey);
+    recordKey.setTexts(kPlantRecordKeys, record);
     for (std::size_t i = 0; i < cameras.size(); ++i) plant(cameras[i], devices[i]);
-    recordKey.setText(plantRecordDescription, descriptionPath.toStdWString());
+    recordKey.setText(kPlantRecordDescription, descriptionPath.toStdWString());
   } catch (const std::system_error& error) {
     static_cast<void>(unplantCameras());
     return QStringLiteral("The cameras cannot be planted: %1.").arg(QString::fromStdString(error.what()));
@@ -129,5 +130,5 @@ QString unplantCameras() {
   for (const std::wstring& key : recordedKeys()) {
     if (QString error = deleteTree(key); !error.isEmpty()) return error;
   }
-  return deleteTree(plantRecordKey);
+  return deleteTree(kPlantRecordKey);
 }

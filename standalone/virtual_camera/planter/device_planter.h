@@ -1,8 +1,8 @@
 #pragma once
 
-#include <span>
-
 #include <QString>
+
+#include <span>
 
 #include "standalone/virtual_camera/description/camera_description.h"
 

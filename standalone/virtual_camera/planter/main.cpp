@@ -1,9 +1,9 @@
-#include <cstdio>
-
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QStringList>
+
+#include <cstdio>
 
 #include "standalone/virtual_camera/description/camera_file.h"
 #include "standalone/virtual_camera/planter/device_planter.h"
@@ -12,7 +12,7 @@ namespace {
 
 enum ExitCode { Done = 0, Failed = 1, BadUsage = 2 };
 
-constexpr const char* usage =
+constexpr const char* kUsage =
     "Usage: virtual_camera plant FILE   plants the cameras that FILE (JSON) describes, in place of those planted "
     "before\n"
     "       virtual_camera unplant      removes the planted cameras\n"
@@ -36,7 +36,7 @@ int main(int argc, char* argv[]) {
   const QCoreApplication application(argc, argv);
   const QStringList arguments = QCoreApplication::arguments().mid(1);
   if (arguments == QStringList{QStringLiteral("--help")}) {
-    std::fputs(usage, stdout);
+    std::fputs(kUsage, stdout);
     return Done;
   }
   if (arguments == QStringList{QStringLiteral("unplant")}) return report(unplantCameras(), Failed);

@@ -1,8 +1,8 @@
 #include "standalone/virtual_camera/planter/registry_key.h"
 
-#include <system_error>
-
 #include <QString>
+
+#include <system_error>
 
 namespace {
 

@@ -1,9 +1,9 @@
 #pragma once
 
+#include <windows.h>
+
 #include <string>
 #include <vector>
-
-#include <windows.h>
 
 /// A volatile key below HKEY_LOCAL_MACHINE, made with all that leads to it where it is not there yet. It is gone when
 /// the system (or the last Wine program) ends. Every failure throws std::system_error that names the key.

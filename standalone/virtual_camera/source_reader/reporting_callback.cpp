@@ -8,10 +8,10 @@ using Microsoft::WRL::ComPtr;
 
 HRESULT ReportingCallback::OnReadSample(HRESULT status, DWORD stream, DWORD flags, LONGLONG time, IMFSample* sample) {
   UINT32 mark = 0;
-  if (sample && SUCCEEDED(sample->GetUINT32(sample_marks::readFails, &mark))) {
+  if (sample && SUCCEEDED(sample->GetUINT32(sample_marks::kReadFails, &mark))) {
     return callback->OnReadSample(static_cast<HRESULT>(mark), stream, flags | MF_SOURCE_READERF_ERROR, time, nullptr);
   }
-  if (sample && SUCCEEDED(sample->GetUINT32(sample_marks::mediaTypeChanged, &mark))) {
+  if (sample && SUCCEEDED(sample->GetUINT32(sample_marks::kMediaTypeChanged, &mark))) {
     flags |= MF_SOURCE_READERF_CURRENTMEDIATYPECHANGED;
   }
   return callback->OnReadSample(status, stream, flags, time, sample);

@@ -1,11 +1,11 @@
 // The system's source reader, with a ReportingCallback before the program's callback. Exports only what reads a camera.
 
-#include <string>
-
 #include <windows.h>
 #include <mfidl.h>
 #include <mfreadwrite.h>
 #include <wrl/client.h>
+
+#include <string>
 
 #include "standalone/virtual_camera/source_reader/reporting_callback.h"
 
