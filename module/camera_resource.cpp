@@ -4,13 +4,6 @@
 #include "module/keys/camera_keys.h"
 #include "module/keys/family_constants.h"
 
-namespace {
-
-// The name of the host's command-line program.
-const std::string kCommandLineProgram = "QuillonDiagnosticsCLI";
-
-}  // namespace
-
 CameraResource::CameraResource(const ItemId& itemId) : Resource(itemId) {
   nameKey = camera_keys::kCamera;
   code = family_constants::kCameraModuleCode;
@@ -18,9 +11,7 @@ CameraResource::CameraResource(const ItemId& itemId) : Resource(itemId) {
   testAliases = {{kCaptureTestId, {"c", "capture", 2}}, {kBarcodeTestId, {"b", "barcode", 2}}};
   helpText =
       "Camera Module help:\n"
-      "  Usage: " +
-      kCommandLineProgram +
-      " -Mcamera [diagnostic]\"[test(s)]\" [device id(s)]\n"
+      "  Usage: QuillonDiagnosticsCLI -Mcamera [diagnostic]\"[test(s)]\" [device id(s)]\n"
       " Tests:\n"
       "   c, capture\t\t\tCamera Capture Test*\n"
       "   b, barcode\t\t\tCamera Barcode Test*\n"

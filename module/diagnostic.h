@@ -12,6 +12,8 @@ class Diagnostic {
  public:
   Diagnostic(const ItemId& itemId, const std::vector<Test*>& testList);
   virtual ~Diagnostic();
+  Diagnostic(const Diagnostic&) = delete;
+  Diagnostic& operator=(const Diagnostic&) = delete;
 
   virtual ItemId getId();
   virtual std::size_t testCount();

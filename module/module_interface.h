@@ -14,6 +14,8 @@ class ModuleInterface {
   ModuleInterface(const std::vector<Diagnostic*>& diagnosticList, Resource* moduleResource,
                   SystemComponentManager* manager, void* reservedPointer);
   virtual ~ModuleInterface();
+  ModuleInterface(const ModuleInterface&) = delete;
+  ModuleInterface& operator=(const ModuleInterface&) = delete;
 
   /// Null when `index` is out of range.
   virtual Diagnostic* diagnosticAt(std::uint32_t index);

@@ -19,6 +19,8 @@ class Resource {
  public:
   explicit Resource(const ItemId& itemId);
   virtual ~Resource();
+  Resource(const Resource&) = delete;
+  Resource& operator=(const Resource&) = delete;
 
   /// Returns a field that nothing in the module ever writes.
   virtual std::uint64_t getUnsetWord();
@@ -47,6 +49,6 @@ class Resource {
   std::map<ItemId, AliasEntry> diagnosticAliases;
 
  private:
-  // Left without a value on purpose: the host's layout has the word, and no constructor writes it.
+  // Without a value on purpose: the layout requires the word and that nothing writes it. Reading it is the cost.
   std::uint64_t unsetWord;
 };

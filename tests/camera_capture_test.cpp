@@ -70,7 +70,7 @@ bool CameraCaptureTest::hasServices(TestExecutionContext* context) {
 bool CameraCaptureTest::configure(TestSettings settings, std::uint64_t) {
   const auto section = settings.find(settings_keys::kOrca);
   if (section != settings.end()) {
-    for (const std::string& key : {settings_keys::kOrcaTestTimeoutCameraCaptureTest, settings_keys::kOrcaTestTimeout}) {
+    for (const char* key : {settings_keys::kOrcaTestTimeoutCameraCaptureTest, settings_keys::kOrcaTestTimeout}) {
       const auto value = section->second.find(key);
       if (value == section->second.end()) continue;
       dialogTimeout = secondsFromText(value->second);

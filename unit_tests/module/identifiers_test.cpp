@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-TEST(ItemId, KeysAreThoseThatHostsKnow) {
+TEST(ItemId, KeysHoldModuleDiagnosticAndTest) {
   EXPECT_EQ(kResourceId.key, 0x11000000000000u);
   EXPECT_EQ(kComponentManagerId.key, 0x11000000000000u);
   EXPECT_EQ(kCameraDiagnosticId.key, 0x11000001000000u);
