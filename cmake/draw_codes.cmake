@@ -4,7 +4,7 @@ function(draw_codes target description folder)
   get_filename_component(name ${description} NAME)
   set(encode_codes ${PROJECT_SOURCE_DIR}/tools/encode_codes)
   file(MAKE_DIRECTORY ${folder})
-  add_custom_command(OUTPUT ${folder}/${name} COMMAND ${encode_codes} ${description} ${folder}
+  add_custom_command(OUTPUT ${folder}/${name} COMMAND ${Python3_EXECUTABLE} ${encode_codes} ${description} ${folder}
                      DEPENDS ${description} ${encode_codes} VERBATIM)
   add_custom_target(${target}_codes DEPENDS ${folder}/${name})
   add_dependencies(${target} ${target}_codes)

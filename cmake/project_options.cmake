@@ -6,9 +6,16 @@ target_compile_options(project_options INTERFACE
   -Wundef -Wextra-semi -Wsuggest-override -Wimplicit-fallthrough -Wduplicated-cond -Wlogical-op)
 target_compile_definitions(project_options INTERFACE $<$<CONFIG:Debug>:_GLIBCXX_ASSERTIONS>)
 
+# For what is delivered. Packaging moves the symbols into a file of their own.
+add_library(debug_symbols INTERFACE)
+
 if(WIN32)
+  target_compile_options(debug_symbols INTERFACE -g)
   # Windows 10 is the oldest system that the module supports.
   target_compile_definitions(project_options INTERFACE UNICODE _UNICODE NOMINMAX _WIN32_WINNT=0x0A00 WINVER=0x0A00)
+  # The same source gives the same bytes, whenever and in whichever folder it is built.
+  target_compile_options(project_options INTERFACE -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.)
+  target_link_options(project_options INTERFACE -Wl,--no-insert-timestamp)
 endif()
 
 if(MODULE_CAMERA_SANITIZE STREQUAL "undefined-trap")

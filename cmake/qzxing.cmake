@@ -1,12 +1,13 @@
 # The barcode decoder QZXing from Debian's source package, with every decoder that it has. Its own build file asks for Qt 5
 # by name, so it is compiled here. Always optimised, and without our warnings: it is not our code.
-if(NOT QZXING_SOURCE)
+if(NOT QZXING_SOURCE AND CMAKE_HOST_UNIX)
   execute_process(COMMAND ${PROJECT_SOURCE_DIR}/tools/qzxing_source
                   OUTPUT_VARIABLE qzxing_source OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
   set(QZXING_SOURCE ${qzxing_source} CACHE PATH "Source of QZXing")
 endif()
-if(NOT EXISTS ${QZXING_SOURCE}/src)
-  message(FATAL_ERROR "The source of QZXing is not in ${QZXING_SOURCE}; run tools/setup")
+if(NOT EXISTS "${QZXING_SOURCE}/src/QZXing.cpp")
+  message(FATAL_ERROR "The source of the barcode decoder QZXing 3.3.0 is not in \"${QZXING_SOURCE}\". Name its folder: "
+                      "-DQZXING_SOURCE=<folder>; on Debian 12 tools/setup fetches it")
 endif()
 
 file(GLOB_RECURSE qzxing_sources ${QZXING_SOURCE}/src/zxing/*.cpp ${QZXING_SOURCE}/src/zxing/*.cc)

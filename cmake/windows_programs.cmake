@@ -1,18 +1,77 @@
-# The folder in which the product and everything that stands around it lie ready to run, beside the DLLs they need.
-set(PROGRAM_DIR ${CMAKE_BINARY_DIR}/bin)
+# What a PC gets, and what stands in for its cameras under Wine. On a PC the second would hide the real cameras from the
+# first: only the stage, where programs run under Wine, holds both.
+set(APP_DIR ${CMAKE_BINARY_DIR}/app)
+set(VIRTUAL_CAMERA_DIR ${CMAKE_BINARY_DIR}/virtual_camera)
+set(STAGE_DIR ${APP_DIR})
+if(CMAKE_CROSSCOMPILING)
+  set(STAGE_DIR ${CMAKE_BINARY_DIR}/stage)
+endif()
 
-# windows_library(NAME): a DLL in PROGRAM_DIR whose file is called NAME.dll.
-function(windows_library name)
+# The DLLs of Qt and of the compiler that the programs need.
+set(RUNTIME_LIBRARIES)
+foreach(library Core Gui Widgets Svg)
+  if(TARGET Qt6::${library})
+    list(APPEND RUNTIME_LIBRARIES $<TARGET_FILE:Qt6::${library}>)
+  endif()
+endforeach()
+cmake_path(GET CMAKE_CXX_COMPILER PARENT_PATH compiler_folder)
+foreach(library libgcc_s_seh-1.dll libstdc++-6.dll libwinpthread-1.dll)
+  # A compiler installed on Windows has them beside itself, a cross compiler among its libraries.
+  execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=${library}
+                  OUTPUT_VARIABLE file OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+  if(NOT IS_ABSOLUTE "${file}")
+    set(file ${compiler_folder}/${library})
+  endif()
+  if(NOT EXISTS "${file}")
+    message(FATAL_ERROR "The compiler's run-time library ${library} was not found, neither among its libraries nor as "
+                        "${file}. Build with mingw-w64's GCC (64-bit, posix threads, SEH).")
+  endif()
+  list(APPEND RUNTIME_LIBRARIES ${file})
+endforeach()
+
+# windows_library(NAME FOLDER): a DLL in FOLDER whose file is called NAME.dll.
+function(windows_library name folder)
   add_library(${name} SHARED)
-  set_target_properties(${name} PROPERTIES PREFIX "" RUNTIME_OUTPUT_DIRECTORY ${PROGRAM_DIR})
-  target_link_libraries(${name} PRIVATE project_options)
+  set_target_properties(${name} PROPERTIES PREFIX "" RUNTIME_OUTPUT_DIRECTORY ${folder})
+  target_link_libraries(${name} PRIVATE project_options debug_symbols)
 endfunction()
 
-# windows_program(NAME): a console program in PROGRAM_DIR.
-function(windows_program name)
+# windows_program(NAME FOLDER): a console program in FOLDER.
+function(windows_program name folder)
   add_executable(${name})
-  set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROGRAM_DIR})
-  target_link_libraries(${name} PRIVATE project_options)
+  set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${folder})
+  target_link_libraries(${name} PRIVATE project_options debug_symbols)
+endfunction()
+
+# version_resource(TARGET DESCRIPTION): what the file's properties say in the Explorer.
+function(version_resource target description)
+  get_target_property(type ${target} TYPE)
+  if(type STREQUAL "EXECUTABLE")
+    set(file_type VFT_APP)
+    set(suffix exe)
+  else()
+    set(file_type VFT_DLL)
+    set(suffix dll)
+  endif()
+  string(REPLACE . , file_version ${PROJECT_VERSION})
+  set(resource ${CMAKE_CURRENT_BINARY_DIR}/${target}_version.rc)
+  configure_file(${PROJECT_SOURCE_DIR}/cmake/version.rc.in ${resource} @ONLY)
+  target_sources(${target} PRIVATE ${resource})
+endfunction()
+
+# lay_stage(TARGET…): links to what the targets build and to the DLLs that it needs, as the target `stage`.
+function(lay_stage)
+  set(commands COMMAND ${CMAKE_COMMAND} -E make_directory ${STAGE_DIR})
+  foreach(target IN LISTS ARGN)
+    list(APPEND commands COMMAND ${CMAKE_COMMAND} -E create_symlink $<TARGET_FILE:${target}>
+         ${STAGE_DIR}/$<TARGET_FILE_NAME:${target}>)
+  endforeach()
+  foreach(file IN LISTS RUNTIME_LIBRARIES)
+    list(APPEND commands COMMAND ${CMAKE_COMMAND} -E create_symlink ${file} ${STAGE_DIR}/$<PATH:GET_FILENAME,${file}>)
+  endforeach()
+  list(APPEND commands COMMAND ${CMAKE_COMMAND} -E create_symlink ${APP_DIR}/translations ${STAGE_DIR}/translations)
+  add_custom_target(stage ALL ${commands} VERBATIM)
+  add_dependencies(stage ${ARGN})
 endfunction()
 
 if(CMAKE_CROSSCOMPILING)

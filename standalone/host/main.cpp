@@ -12,6 +12,7 @@
 #include "standalone/host/console.h"
 #include "standalone/host/diagnostics_program.h"
 #include "standalone/host/host_error.h"
+#include "standalone/host/library_search.h"
 
 namespace {
 
@@ -46,10 +47,12 @@ std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  searchOwnAndSystemFolders();
   defaultMessageHandler = qInstallMessageHandler(&dropRemarksOfWine);
   const std::unique_ptr<QCoreApplication> application = makeApplication(argc, argv);
   QTranslator translator;
-  if (translator.load(QStringLiteral(":/translations/module_host_en.qm"))) {
+  if (translator.load(QStringLiteral("module_host_en"),
+                      QCoreApplication::applicationDirPath() + QStringLiteral("/translations"))) {
     QCoreApplication::installTranslator(&translator);
   }
   try {

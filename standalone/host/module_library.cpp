@@ -7,6 +7,7 @@
 #include "module/module_interface.h"
 #include "module/product_version.h"
 #include "standalone/host/host_error.h"
+#include "standalone/host/library_search.h"
 
 namespace {
 
@@ -25,7 +26,7 @@ QString existingFile(const QString& file) {
 
 ModuleLibrary::ModuleLibrary(const QString& file) : fileName(existingFile(file)), library(fileName) {
   if (!library.load()) {
-    throw HostError(QStringLiteral("The module could not be loaded: %1").arg(library.errorString()));
+    throw HostError(loadFailure(fileName));
   }
   const auto get = reinterpret_cast<decltype(&GetModuleInterfaceInstance)>(resolve("GetModuleInterfaceInstance"));
   release = reinterpret_cast<decltype(release)>(resolve("ReleaseModuleInterfaceInstance"));

@@ -3,7 +3,7 @@
 #include <windows.h>
 
 void* ModuleLoader::load(const char* fileName, int /*mode*/) {
-  return !fileName ? nullptr : LoadLibraryA(fileName);
+  return !fileName ? nullptr : LoadLibraryExA(fileName, nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
 }
 
 void ModuleLoader::unload(void* library) {

@@ -2,7 +2,8 @@
 
 #include "module/host_services.h"
 
-/// Loads system libraries. Holds no state.
+/// Loads libraries of the system, from its own folder alone: none that lies in the current folder takes their place.
+/// Holds no state.
 class ModuleLoader : public ModuleService {
  public:
   /// `mode` has no meaning here: there is one way to load a library.

@@ -6,7 +6,7 @@ import subprocess
 import tempfile
 
 PROJECT = os.path.realpath(os.path.join(os.path.dirname(__file__), "..", ".."))
-PROGRAMS = os.environ.get("MODULE_CAMERA_PROGRAMS", os.path.join(PROJECT, "build", "windows", "bin"))
+PROGRAMS = os.environ.get("MODULE_CAMERA_PROGRAMS", os.path.join(PROJECT, "build", "windows", "stage"))
 WINE_RUN = os.path.join(PROJECT, "tools", "wine_run")
 ENCODE_CODES = os.path.join(PROJECT, "tools", "encode_codes")
 

@@ -1,3 +1,5 @@
+#include <windows.h>
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
@@ -24,6 +26,11 @@ int report(const QString& error, ExitCode code) {
   return code;
 }
 
+// On Windows the keys of devices belong to the system, and a camera in them that is not there would stay.
+bool runsUnderWine() {
+  return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
+}
+
 int plant(const QString& path) {
   const CameraFile file = readCameraFile(path);
   if (!file.error.isEmpty()) return report(file.error, Failed);
@@ -38,6 +45,9 @@ int main(int argc, char* argv[]) {
   if (arguments == QStringList{QStringLiteral("--help")}) {
     std::fputs(kUsage, stdout);
     return Done;
+  }
+  if (!runsUnderWine()) {
+    return report(QStringLiteral("Virtual cameras are made for Wine; on Windows, connect a camera."), Failed);
   }
   if (arguments == QStringList{QStringLiteral("unplant")}) return report(unplantCameras(), Failed);
   if (arguments.size() == 2 && arguments.first() == QStringLiteral("plant")) return plant(arguments.last());
