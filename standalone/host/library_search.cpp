@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QStringList>
 
+#include <cstdint>
 #include <memory>
 #include <type_traits>
 
