@@ -1,13 +1,18 @@
 #pragma once
 
+#include <windows.h>
+#include <dbt.h>
 #include <mfapi.h>
 #include <mferror.h>
 #include <mfidl.h>
 #include <mfreadwrite.h>
 #include <wrl/client.h>
 
+#include <QSemaphore>
+
 #include <atomic>
 #include <cstdint>
+#include <mutex>
 #include <set>
 #include <string>
 #include <vector>
@@ -33,8 +38,15 @@ struct ScriptedCapture {
   std::atomic<int> reads{0};
   /// The capturer as the reader knows it; set while a reader lives.
   std::atomic<IMFSourceReaderCallback*> callback{nullptr};
-  /// The steps of the clean-up, in order.
-  std::vector<std::string> cleanUp;
+
+  /// Puts a step of the clean-up on record.
+  void note(const std::string& step);
+  /// The steps so far, in order.
+  std::vector<std::string> cleanUp() const;
+
+ private:
+  mutable std::mutex mutex;
+  std::vector<std::string> steps;
 };
 
 ScriptedCapture& scriptedCapture();
@@ -43,6 +55,17 @@ void resetScriptedCapture();
 /// A sample with these bytes, in a real memory buffer.
 Microsoft::WRL::ComPtr<IMFSample> makeSample(const std::vector<std::uint8_t>& bytes);
 
+/// A sample whose buffer is locked when the gate lets it: `reached` is released as the callback comes to it, and the
+/// callback goes on when `open` is.
+struct Gate {
+  QSemaphore reached;
+  QSemaphore open;
+};
+Microsoft::WRL::ComPtr<IMFSample> makeGatedSample(Gate& gate);
+
 /// Which call on a sample's buffer fails.
 enum class BufferFault { kGetBuffer, kGetLength, kLock };
 Microsoft::WRL::ComPtr<IMFSample> makeFaultySample(BufferFault fault);
+
+/// Sends a device broadcast to the removal watcher's window.
+void broadcast(WPARAM event, const std::wstring& name, DWORD type = DBT_DEVTYP_DEVICEINTERFACE);
