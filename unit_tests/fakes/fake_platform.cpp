@@ -57,15 +57,44 @@ DWORD WINAPI systemColor(int number) {
   return RGB(color.red(), color.green(), color.blue());
 }
 
-HRESULT WINAPI monitorDpi(HMONITOR, int, UINT* x, UINT* y) {
+struct FakeMonitor {
+  LONG left;
+  LONG top;
+};
+FakeMonitor besideFirst = {5000, 0};
+FakeMonitor belowFirst = {0, 5000};
+FakeMonitor first = {0, 0};
+
+BOOL WINAPI eachMonitor(HDC, const RECT*, MONITORENUMPROC call, LPARAM argument) {
+  for (FakeMonitor* const monitor : {&besideFirst, &belowFirst, &first}) {
+    if (!call(reinterpret_cast<HMONITOR>(monitor), nullptr, nullptr, argument)) break;
+  }
+  return TRUE;
+}
+
+BOOL WINAPI monitorInfo(HMONITOR handle, MONITORINFO* info) {
+  if (info->cbSize != 40) return FALSE;
+  const auto& monitor = *reinterpret_cast<FakeMonitor*>(handle);
+  info->rcMonitor = {monitor.left, monitor.top, monitor.left + 1920, monitor.top + 1080};
+  return TRUE;
+}
+
+HRESULT WINAPI monitorDpi(HMONITOR monitor, int kind, UINT* x, UINT* y) {
   if (fakePlatform().monitorDpi == 0) return E_FAIL;
-  *x = static_cast<UINT>(fakePlatform().monitorDpi);
+  const bool effectiveOfFirst = monitor == reinterpret_cast<HMONITOR>(&first) && kind == 0;
+  *x = effectiveOfFirst ? static_cast<UINT>(fakePlatform().monitorDpi) : 333;
   *y = 1;
+  return S_OK;
+}
+
+HRESULT WINAPI setAwareness(int awareness) {
+  fakePlatform().dpiAwareness = awareness;
   return S_OK;
 }
 
 FARPROC WINAPI procedure(HMODULE library, const char* name) {
   if (std::string_view(name) == "GetDpiForMonitor") return std::bit_cast<FARPROC>(&monitorDpi);
+  if (std::string_view(name) == "SetProcessDpiAwareness") return std::bit_cast<FARPROC>(&setAwareness);
   return realFunction<decltype(&GetProcAddress)>("kernel32", "GetProcAddress")(library, name);
 }
 
@@ -74,6 +103,8 @@ FARPROC WINAPI procedure(HMODULE library, const char* name) {
 extern "C" {
 decltype(&SystemParametersInfoW) __imp_SystemParametersInfoW = &systemParameters;
 decltype(&GetSysColor) __imp_GetSysColor = &systemColor;
+decltype(&EnumDisplayMonitors) __imp_EnumDisplayMonitors = &eachMonitor;
+decltype(&GetMonitorInfoW) __imp_GetMonitorInfoW = &monitorInfo;
 decltype(&GetProcAddress) __imp_GetProcAddress = &procedure;
 }
 

@@ -1,77 +1,71 @@
 #include "ui/camera_barcode_widget_wrapper.h"
 
-#include <QPointer>
-#include <QPushButton>
-#include <QTimer>
+#include <QElapsedTimer>
 
-#include <memory>
+#include <set>
 
-#include <gtest/gtest.h>
-
-#include "ui/camera_barcode_dialog.h"
-#include "unit_tests/fakes/fake_platform.h"
-#include "unit_tests/ui/dialog_helpers.h"
+#include "unit_tests/ui/wrapper_helpers.h"
 
 namespace {
 
-/// Whether this thread's event loop stood still while a widget was shown by another one.
-class ShowObserver : public QObject {
+/// A host's event filter that asks its user-interface thread before it lets an event pass.
+class AskingFilter : public QObject {
  public:
-  explicit ShowObserver(QWidget* observed) {
-    observed->installEventFilter(this);
-    QObject::connect(&timer, &QTimer::timeout, this, [this] { ++turns; });
-    timer.start(0);
-  }
-
-  bool eventFilter(QObject*, QEvent* event) override {
-    if (event->type() == QEvent::Show) {
-      const int before = turns;
-      QThread::msleep(20);
-      shownInPeace = turns == before;
-    }
+  bool eventFilter(QObject*, QEvent*) override {
+    threads.insert(QThread::currentThread());
+    if (QThread::currentThread() != thread()) onUserInterfaceThread([] {});
     return false;
   }
-
-  std::atomic<bool> shownInPeace{false};
-
- private:
-  std::atomic<int> turns{0};
-  QTimer timer;
+  std::set<const QThread*> threads;
 };
 
-TEST(CameraBarcodeWidgetWrapperTest, ShowsTheRetryFromATestsThreadAndKeepsTheAnswer) {
-  fakePlatform() = {};
-  QObject hostFilter;
-  const auto wrapper = std::make_shared<CameraBarcodeWidgetWrapper>(QSize(64, 48), nullptr);
-  wrapper->ShowRetry();
-  wrapper->CreateWidget(nullptr, &hostFilter);
-  const QPointer<CameraBarcodeDialog> dialog(openDialog<CameraBarcodeDialog>());
-  QWidget* const warning = child(*dialog, "camera_barcode_test_warning_container");
-  const ShowObserver observer(warning);
-  runOnWorkerThread([&] { wrapper->ShowRetry(); });
-  EXPECT_TRUE(observer.shownInPeace) << "Qt's bookkeeping of a window is not made for two threads";
+class ShowRetryTest : public WrapperTest<CameraBarcodeWidgetWrapper> {
+ protected:
+  bool isRetry() const {
+    return openDialog<Dialog>()->findChild<QWidget*>("camera_barcode_test_warning_container")->isVisible();
+  }
+};
 
-  EXPECT_TRUE(warning->isVisible());
-
-  child<QPushButton>(*dialog, "camera_barcode_test_button_fail")->click();
-  EXPECT_TRUE(QTest::qWaitFor([&] { return dialog.isNull(); }));
-  wrapper->ShowRetry();
-  EXPECT_EQ(wrapper->GetResult(), 2);
+TEST_F(ShowRetryTest, HappensOnTheUserInterfaceThreadBeforeTheTestGoesOn) {
+  show({64, 48});
+  AskingFilter filter;
+  for (QWidget* const part : openDialog<Dialog>()->findChildren<QWidget*>()) part->installEventFilter(&filter);
+  bool switched = false;
+  runOnWorkerThread([&] {
+    wrapper->ShowRetry();
+    switched = isRetry();
+  });
+  EXPECT_TRUE(switched);
+  EXPECT_EQ(filter.threads, std::set<const QThread*>{filter.thread()});
 }
 
-TEST(CameraBarcodeWidgetWrapperTest, ShowsTheRetryLaterWhenTheUserInterfaceThreadIsBusy) {
-  fakePlatform() = {};
-  QObject hostFilter;
-  const auto wrapper = std::make_shared<CameraBarcodeWidgetWrapper>(QSize(64, 48), nullptr);
-  wrapper->CreateWidget(nullptr, &hostFilter);
-  CameraBarcodeDialog* const dialog = openDialog<CameraBarcodeDialog>();
-  const QWidget* const warning = child(*dialog, "camera_barcode_test_warning_container");
+TEST_F(ShowRetryTest, HappensAtOnceOnTheUserInterfaceThread) {
+  show({64, 48});
+  wrapper->ShowRetry();
+  EXPECT_TRUE(isRetry());
+}
+
+TEST_F(ShowRetryTest, FollowsWhenTheUserInterfaceThreadIsBusy) {
+  show({64, 48});
   const std::unique_ptr<QThread> thread(QThread::create([&] { wrapper->ShowRetry(); }));
+  QElapsedTimer time;
+  time.start();
   thread->start();
-  thread->wait();
-  EXPECT_FALSE(warning->isVisible()) << "nobody held the thread still";
-  EXPECT_TRUE(QTest::qWaitFor([&] { return warning->isVisible(); }));
-  delete dialog;
+  EXPECT_TRUE(thread->wait(5000));
+  EXPECT_GE(time.elapsed(), 450);
+  EXPECT_LT(time.elapsed(), 1500);
+  EXPECT_FALSE(isRetry());
+  EXPECT_TRUE(QTest::qWaitFor([&] { return isRetry(); }));
+}
+
+TEST_F(ShowRetryTest, DoesNothingWithoutADialog) {
+  CameraBarcodeWidgetWrapper alone({64, 48}, nullptr);
+  QElapsedTimer time;
+  time.start();
+  const std::unique_ptr<QThread> thread(QThread::create([&] { alone.ShowRetry(); }));
+  thread->start();
+  EXPECT_TRUE(thread->wait(5000));
+  EXPECT_LT(time.elapsed(), 400) << "there was nothing to wait for";
 }
 
 }  // namespace

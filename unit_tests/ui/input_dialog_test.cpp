@@ -2,10 +2,7 @@
 
 #include <QTimer>
 
-#include <gmock/gmock.h>
-
-#include "ui/camera_dialog.h"
-#include "unit_tests/fakes/fake_platform.h"
+#include "unit_tests/fakes/fake_context.h"
 #include "unit_tests/ui/dialog_helpers.h"
 
 namespace {
@@ -75,7 +72,7 @@ TEST_F(InputDialogTest, ExecReturnsWhatTheDialogFinishedWith) {
 }
 
 TEST_F(InputDialogTest, ExecEndsWithinASecondOfTheTestsCancellation) {
-  StoppableContext context;
+  FakeContext context;
   InputDialog dialog(nullptr, &filter);
   dialog.context = &context;
   dialog.setResult(2);
