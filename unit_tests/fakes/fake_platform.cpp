@@ -57,31 +57,23 @@ DWORD WINAPI systemColor(int number) {
   return RGB(color.red(), color.green(), color.blue());
 }
 
-struct FakeMonitor {
-  LONG left;
-  LONG top;
-};
-FakeMonitor besideFirst = {5000, 0};
-FakeMonitor belowFirst = {0, 5000};
-FakeMonitor first = {0, 0};
+// Where the monitors begin; their handles point here. The last one is that of the first Qt screen.
+POINT corners[] = {{5000, 0}, {0, 5000}, {0, 0}};
 
 BOOL WINAPI eachMonitor(HDC, const RECT*, MONITORENUMPROC call, LPARAM argument) {
-  for (FakeMonitor* const monitor : {&besideFirst, &belowFirst, &first}) {
-    if (!call(reinterpret_cast<HMONITOR>(monitor), nullptr, nullptr, argument)) break;
-  }
+  for (POINT& corner : corners) call(reinterpret_cast<HMONITOR>(&corner), nullptr, nullptr, argument);
   return TRUE;
 }
 
-BOOL WINAPI monitorInfo(HMONITOR handle, MONITORINFO* info) {
-  if (info->cbSize != 40) return FALSE;
-  const auto& monitor = *reinterpret_cast<FakeMonitor*>(handle);
-  info->rcMonitor = {monitor.left, monitor.top, monitor.left + 1920, monitor.top + 1080};
-  return TRUE;
+BOOL WINAPI monitorInfo(HMONITOR monitor, MONITORINFO* info) {
+  const POINT corner = *reinterpret_cast<const POINT*>(monitor);
+  info->rcMonitor = {corner.x, corner.y, corner.x + 1920, corner.y + 1080};
+  return info->cbSize == 40 ? TRUE : FALSE;
 }
 
 HRESULT WINAPI monitorDpi(HMONITOR monitor, int kind, UINT* x, UINT* y) {
   if (fakePlatform().monitorDpi == 0) return E_FAIL;
-  const bool effectiveOfFirst = monitor == reinterpret_cast<HMONITOR>(&first) && kind == 0;
+  const bool effectiveOfFirst = monitor == reinterpret_cast<HMONITOR>(&corners[2]) && kind == 0;
   *x = effectiveOfFirst ? static_cast<UINT>(fakePlatform().monitorDpi) : 333;
   *y = 1;
   return S_OK;

@@ -9,9 +9,11 @@
 #include <QTranslator>
 #include <QtCore/qtestsupport_core.h>
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
 #include <gmock/gmock.h>
@@ -55,6 +57,19 @@ class MarkingTranslator : public QTranslator {
                                                              : QString();
   }
   bool isEmpty() const override { return false; }
+};
+
+/// A host's event filter that looks at the dialog whenever it is shown.
+class ShowObserver : public QObject {
+ public:
+  explicit ShowObserver(std::function<void(const QWidget&)> look) : onShow(std::move(look)) {}
+  bool eventFilter(QObject* object, QEvent* event) override {
+    if (event->type() == QEvent::Show) onShow(*static_cast<QWidget*>(object));
+    return false;
+  }
+
+ private:
+  std::function<void(const QWidget&)> onShow;
 };
 
 /// A dialog without a wrapper.

@@ -1,20 +1,78 @@
 #include "ui/dialog_wrapper.h"
 
+#include <QElapsedTimer>
 #include <QLabel>
 #include <QPointer>
 
-#include "unit_tests/ui/wrapper_helpers.h"
+#include <set>
+
+#include "ui/camera_barcode_widget_wrapper.h"
+#include "ui/camera_widget_wrapper.h"
+#include "unit_tests/fakes/fake_context.h"
+#include "unit_tests/ui/dialog_helpers.h"
 
 namespace {
+
+/// Runs a piece of code as a test of the host does: on a thread of its own, while this one runs the event loop.
+template <class Work>
+void runOnWorkerThread(Work work) {
+  const std::unique_ptr<QThread> thread(QThread::create(work));
+  thread->start();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return thread->isFinished(); }, 20000));
+  thread->wait();
+}
+
+template <class Work>
+void onUserInterfaceThread(Work work) {
+  QMetaObject::invokeMethod(qApp, work, Qt::BlockingQueuedConnection);
+}
+
+/// A wrapper with its dialog, which goes with the test.
+template <class Wrapper>
+class WrapperTest : public testing::Test {
+ protected:
+  static constexpr bool kBarcode = std::is_same_v<Wrapper, CameraBarcodeWidgetWrapper>;
+  static constexpr const char* kView =
+      kBarcode ? "camera_barcode_test_camera_image" : "camera_capture_test_lb_image_view";
+  using Dialog = std::conditional_t<kBarcode, CameraBarcodeDialog, CameraDialog>;
+
+  void SetUp() override { fakePlatform() = {.monitorDpi = 96}; }
+  void TearDown() override {
+    delete openDialog<Dialog>();
+    EXPECT_EQ(openDialog<Dialog>(), nullptr);
+  }
+
+  Dialog* show(QSize size) {
+    wrapper = std::make_shared<Wrapper>(size, &context);
+    EXPECT_TRUE(wrapper->CreateWidget(nullptr, &hostFilter));
+    return openDialog<Dialog>();
+  }
+  /// What test and host do: the one makes the wrapper, the other the dialog.
+  std::shared_ptr<Wrapper> createFromWorkerThread() {
+    const auto shared = std::make_shared<Wrapper>(QSize(32, 24), &context);
+    onUserInterfaceThread([&] { shared->CreateWidget(nullptr, &hostFilter); });
+    return shared;
+  }
+  static QImage shown() { return openDialog<Dialog>()->template findChild<QLabel*>(kView)->pixmap().toImage(); }
+  static QImage picture(QColor color) {
+    QImage image(8, 6, QImage::Format_RGB32);
+    image.fill(color);
+    return image;
+  }
+
+  QObject hostFilter;
+  FakeContext context;
+  std::shared_ptr<Wrapper> wrapper;
+};
 
 /// Both wrappers, each with its dialog.
 template <class Wrapper>
 class DialogWrapperTest : public WrapperTest<Wrapper> {
  protected:
   /// Counts what the wrapper sends to its dialog.
-  void countSignals(Wrapper& wrapper) {
-    QObject::connect(&wrapper, &Wrapper::UpdateFrame, [this] { ++emitted; });
-    QObject::connect(&wrapper, &Wrapper::CloseDialog, [this] { ++emitted; });
+  void countSignals(Wrapper& watched) {
+    QObject::connect(&watched, &Wrapper::UpdateFrame, [this] { ++emitted; });
+    QObject::connect(&watched, &Wrapper::CloseDialog, [this] { ++emitted; });
   }
   int emitted = 0;
 };
@@ -23,30 +81,41 @@ TYPED_TEST_SUITE(DialogWrapperTest, Wrappers);
 
 TYPED_TEST(DialogWrapperTest, HasItsSignalsAndBothBases) {
   EXPECT_THAT(ownMethods(TypeParam::staticMetaObject), testing::ElementsAre("UpdateFrame(QImage)", "CloseDialog()"));
-  TypeParam wrapper({640, 480}, nullptr);
-  EXPECT_EQ(wrapper.qt_metacast("AbstractWidgetWrapper"), static_cast<AbstractWidgetWrapper*>(&wrapper));
+  TypeParam alone({640, 480}, nullptr);
+  EXPECT_EQ(alone.qt_metacast("AbstractWidgetWrapper"), static_cast<AbstractWidgetWrapper*>(&alone));
 }
 
 TYPED_TEST(DialogWrapperTest, WithoutADialogNothingHappens) {
-  TypeParam wrapper({640, 480}, nullptr);
-  this->countSignals(wrapper);
-  wrapper.SendFrame(this->picture(Qt::red));
-  wrapper.Close();
+  TypeParam alone({640, 480}, nullptr);
+  this->countSignals(alone);
+  alone.SendFrame(this->picture(Qt::red));
+  alone.Close();
   EXPECT_EQ(this->emitted, 0);
-  EXPECT_EQ(wrapper.GetResult(), 0);
+  EXPECT_EQ(alone.GetResult(), 0);
 }
 
-TYPED_TEST(DialogWrapperTest, OpensBlackAndIsBroughtToTheFrontOnce) {
+/// Only the capture test's wrapper scales to the user's screen and hands the test's context over.
+TYPED_TEST(DialogWrapperTest, OpensBlackInItsSizeAndComesToTheFrontOnce) {
+  using Dialog = typename TestFixture::Dialog;
+  constexpr bool kBarcode = TestFixture::kBarcode;
+  fakePlatform().monitorDpi = 144;
+  const QSize size = kBarcode ? QSize(641, 482) : QSize(427, 321);
   QStringList steps;
   ShowObserver observer([&](const QWidget& shown) { steps += QString::number(shown.windowFlags().toInt(), 16); });
-  this->wrapper = std::make_shared<TypeParam>(QSize(64, 48), &this->context);
-  QObject::connect(this->wrapper.get(), &TypeParam::UpdateFrame,
-                   [&](const QImage& image) { steps += image.pixelColor(60, 40) == Qt::black ? "black" : "?"; });
+  this->wrapper = std::make_shared<TypeParam>(QSize(641, 482), &this->context);
+  QObject::connect(this->wrapper.get(), &TypeParam::UpdateFrame, [&](const QImage& image) {
+    steps += image.size() == size && image.pixelColor(400, 300) == Qt::black ? "black" : "?";
+  });
   EXPECT_TRUE(this->wrapper->CreateWidget(nullptr, &observer));
   EXPECT_EQ(steps, QStringList({"black", "40803", "803"}));
-  auto* const dialog = openDialog<typename TestFixture::Dialog>();
+
+  auto* const dialog = openDialog<Dialog>();
+  EXPECT_TRUE(dialog->isVisible());
   EXPECT_TRUE(dialog->testAttribute(Qt::WA_DeleteOnClose));
-  EXPECT_EQ(dialog->result(), 0);
+  EXPECT_EQ(dialog->context, kBarcode ? nullptr : &this->context);
+  const QWidget* const view = dialog->template findChild<QLabel*>(this->kView);
+  EXPECT_EQ(dialog->maximumSize(), kBarcode ? Dialog(nullptr, nullptr).maximumSize() : size);
+  EXPECT_EQ(view->maximumSize(), kBarcode ? QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX) : size);
 }
 
 TYPED_TEST(DialogWrapperTest, SendsNothingToADialogWithAResult) {
@@ -96,23 +165,9 @@ TYPED_TEST(DialogWrapperTest, CarriesFramesAndTheCloseFromATestsThread) {
   EXPECT_TRUE(QTest::qWaitFor([&] { return dialog.isNull(); }));
 }
 
-TYPED_TEST(DialogWrapperTest, OutlivesItsDialogWhenTheTestLetsGoAtOnce) {
-  for (int round = 0; round < 10; ++round) {
-    std::weak_ptr<TypeParam> watched;
-    runOnWorkerThread([&] {
-      const auto shared = this->createFromWorkerThread();
-      watched = shared;
-      shared->SendFrame(this->picture(Qt::red));
-      shared->Close();
-    });
-    // The dialog writes its answer after the test has gone, and takes the wrapper with it.
-    EXPECT_TRUE(QTest::qWaitFor([&] { return watched.expired(); }));
-    EXPECT_EQ(openDialog<typename TestFixture::Dialog>(), nullptr);
-  }
-}
-
-TYPED_TEST(DialogWrapperTest, TheDialogMayGoAtAnyMoment) {
-  for (int round = 0; round < 20; ++round) {
+TYPED_TEST(DialogWrapperTest, WrapperAndDialogMayGoAtAnyMoment) {
+  for (int round = 0; round < 30; ++round) {
+    const bool letsGoAtOnce = round % 3 == 0;
     std::atomic<int> passes{0};
     std::atomic<bool> gone{false};
     std::weak_ptr<TypeParam> watched;
@@ -123,32 +178,16 @@ TYPED_TEST(DialogWrapperTest, TheDialogMayGoAtAnyMoment) {
         shared->SendFrame(this->picture(Qt::red));
         if constexpr (TestFixture::kBarcode) shared->ShowRetry();
         if (round % 2 == 1 && passes == round) shared->Close();
-      } while (++passes, !gone);
+      } while (++passes, !letsGoAtOnce && !gone);
+      shared->Close();
     }));
     thread->start();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return passes > round; }));
-    delete openDialog<typename TestFixture::Dialog>();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return passes > (letsGoAtOnce ? 0 : round); }));
+    if (!letsGoAtOnce) delete openDialog<typename TestFixture::Dialog>();
     gone = true;
-    EXPECT_TRUE(QTest::qWaitFor([&] { return thread->isFinished(); }));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return watched.expired(); }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return thread->isFinished() && watched.expired(); }));
+    EXPECT_EQ(openDialog<typename TestFixture::Dialog>(), nullptr);
   }
-}
-
-/// What the two wrappers do with the size of the frames, on a screen of 144 dots per inch.
-TYPED_TEST(DialogWrapperTest, OnlyTheCaptureTestsScalesAndHandsTheContextOver) {
-  fakePlatform().monitorDpi = 144;
-  QSize black;
-  this->wrapper = std::make_shared<TypeParam>(QSize(641, 482), &this->context);
-  QObject::connect(this->wrapper.get(), &TypeParam::UpdateFrame, [&](const QImage& image) { black = image.size(); });
-  this->wrapper->CreateWidget(nullptr, &this->hostFilter);
-  auto* const dialog = openDialog<typename TestFixture::Dialog>();
-  const typename TestFixture::Dialog untouched(nullptr, nullptr);
-  const QSize scaled(427, 321);
-  const auto* const view = dialog->template findChild<QLabel*>(TestFixture::kView);
-  EXPECT_EQ(black, TestFixture::kBarcode ? QSize(641, 482) : scaled);
-  EXPECT_EQ(dialog->maximumSize(), TestFixture::kBarcode ? untouched.maximumSize() : scaled);
-  EXPECT_EQ(view->maximumSize(), TestFixture::kBarcode ? QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX) : scaled);
-  EXPECT_EQ(dialog->context, TestFixture::kBarcode ? nullptr : &this->context);
 }
 
 TYPED_TEST(DialogWrapperTest, OnlyTheBarcodeTestsKnowsATwo) {
@@ -164,6 +203,62 @@ TEST_F(CameraWidgetWrapperTest, AFrameSizeOfZeroKeepsTheDefaultSizes) {
   EXPECT_TRUE(shown().isNull());
   dialog->LoadFrame(picture(Qt::red));
   EXPECT_EQ(shown().size(), QSize(640, 480));
+}
+
+/// A host's event filter that asks its user-interface thread before it lets an event pass.
+class AskingFilter : public QObject {
+ public:
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() == QEvent::Show) shown = true;
+    threads.insert(QThread::currentThread());
+    if (QThread::currentThread() != thread()) onUserInterfaceThread([] {});
+    return false;
+  }
+  std::atomic<bool> shown{false};
+  std::set<const QThread*> threads;
+};
+
+class ShowRetryTest : public WrapperTest<CameraBarcodeWidgetWrapper> {
+ protected:
+  bool isRetry() const {
+    return openDialog<Dialog>()->findChild<QWidget*>("camera_barcode_test_warning_container")->isVisible();
+  }
+};
+
+TEST_F(ShowRetryTest, HappensOnTheUserInterfaceThreadBeforeTheTestGoesOn) {
+  show({64, 48});
+  AskingFilter filter;
+  for (QWidget* const part : openDialog<Dialog>()->findChildren<QWidget*>()) part->installEventFilter(&filter);
+  bool switched = false;
+  runOnWorkerThread([&] {
+    wrapper->ShowRetry();
+    switched = filter.shown;
+  });
+  EXPECT_TRUE(switched);
+  EXPECT_EQ(filter.threads, std::set<const QThread*>{filter.thread()});
+}
+
+TEST_F(ShowRetryTest, HappensAtOnceOnTheUserInterfaceThread) {
+  show({64, 48});
+  wrapper->ShowRetry();
+  EXPECT_TRUE(isRetry());
+}
+
+TEST_F(ShowRetryTest, FollowsWhenTheUserInterfaceThreadIsBusy) {
+  const auto busyMilliseconds = [this] {
+    const std::unique_ptr<QThread> thread(QThread::create([this] { wrapper->ShowRetry(); }));
+    QElapsedTimer time;
+    time.start();
+    thread->start();
+    EXPECT_TRUE(thread->wait(5000));
+    return time.elapsed();
+  };
+  wrapper = std::make_shared<CameraBarcodeWidgetWrapper>(QSize(64, 48), nullptr);
+  EXPECT_LT(busyMilliseconds(), 400) << "without a dialog there is nothing to wait for";
+  show({64, 48});
+  EXPECT_THAT(busyMilliseconds(), testing::AllOf(testing::Ge(450), testing::Lt(1500)));
+  EXPECT_FALSE(isRetry());
+  EXPECT_TRUE(QTest::qWaitFor([&] { return isRetry(); }));
 }
 
 }  // namespace

@@ -7,16 +7,6 @@
 
 namespace {
 
-/// Counts the show events of the object that it filters.
-class CountingFilter : public QObject {
- public:
-  bool eventFilter(QObject*, QEvent* event) override {
-    if (event->type() == QEvent::Show) ++shown;
-    return false;
-  }
-  int shown = 0;
-};
-
 QStringList debugLines;
 QtMessageHandler otherLines = nullptr;
 
@@ -37,7 +27,8 @@ class InputDialogTest : public testing::Test {
   }
   void TearDown() override { qInstallMessageHandler(otherLines); }
 
-  CountingFilter filter;
+  int shown = 0;
+  ShowObserver filter{[this](const QWidget&) { ++shown; }};
 };
 
 TEST_F(InputDialogTest, IsATopLevelWindowWithTheHostsFilter) {
@@ -48,7 +39,7 @@ TEST_F(InputDialogTest, IsATopLevelWindowWithTheHostsFilter) {
   EXPECT_EQ(dialog.windowFlags() & Qt::FramelessWindowHint, 0);
   EXPECT_EQ(dialog.windowModality(), Qt::WindowModal);
   dialog.show();
-  EXPECT_EQ(filter.shown, 1);
+  EXPECT_EQ(shown, 1);
   EXPECT_THAT(ownMethods(InputDialog::staticMetaObject), testing::IsEmpty());
 }
 

@@ -24,11 +24,11 @@ TYPED_TEST(PictureDialogTest, IsModalWithItsTitleAndDescriptionsForAScreenReader
   const MarkingTranslator translator;
   for (const bool reader : {false, true}) {
     fakePlatform().narratorRuns = reader;
-    TypeParam& dialog = this->create();
-    EXPECT_EQ(dialog.windowFlags().toInt(), this->kBarcode ? 0x803 : 0x40803);
-    EXPECT_EQ(dialog.windowModality(), Qt::ApplicationModal);
-    EXPECT_FALSE(dialog.testAttribute(Qt::WA_DeleteOnClose));
-    EXPECT_EQ(dialog.windowTitle(), "<APPLICATION_NAME>");
+    TypeParam& created = this->create();
+    EXPECT_EQ(created.windowFlags().toInt(), this->kBarcode ? 0x803 : 0x40803);
+    EXPECT_EQ(created.windowModality(), Qt::ApplicationModal);
+    EXPECT_FALSE(created.testAttribute(Qt::WA_DeleteOnClose));
+    EXPECT_EQ(created.windowTitle(), "<APPLICATION_NAME>");
     EXPECT_EQ(this->template part<QLabel>("header_label")->text(),
               this->kBarcode ? "<CAMERA_BARCODE_DIALOG_TITLE>" : "<CAMERA_DIALOG_TITLE>");
     EXPECT_EQ(this->part("header_close")->cursor().shape(), Qt::PointingHandCursor);
@@ -114,15 +114,15 @@ TYPED_TEST(PictureDialogTest, ArrowsOfAScreenReaderGoRoundAndPassOverWhatTheBarc
 
 TYPED_TEST(PictureDialogTest, FollowsTheMouseUntilAReleaseOverTheHeader) {
   this->activate();
-  QWidget& dialog = *this->dialog;
+  QWidget& window = *this->dialog;
   const auto hover = [this](bool overHeader, bool overClose) {
     this->part("widget_header")->setAttribute(Qt::WA_UnderMouse, overHeader);
     this->part("header_close")->setAttribute(Qt::WA_UnderMouse, overClose);
   };
-  const auto press = [&] { this->sendMouse(QEvent::MouseButtonPress, {5, 7}, dialog.pos() + QPoint(5, 7)); };
+  const auto press = [&] { this->sendMouse(QEvent::MouseButtonPress, {5, 7}, window.pos() + QPoint(5, 7)); };
   const auto follows = [&](QPoint global) {
     this->sendMouse(QEvent::MouseMove, {0, 0}, global);
-    return dialog.pos() == global - QPoint(5, 7);
+    return window.pos() == global - QPoint(5, 7);
   };
   hover(true, true);
   press();
@@ -133,7 +133,7 @@ TYPED_TEST(PictureDialogTest, FollowsTheMouseUntilAReleaseOverTheHeader) {
 
   hover(true, false);
   press();
-  EXPECT_EQ(dialog.cursor().shape(), Qt::ClosedHandCursor);
+  EXPECT_EQ(window.cursor().shape(), Qt::ClosedHandCursor);
   EXPECT_TRUE(follows({103, 100}));
   hover(false, false);
   this->sendMouse(QEvent::MouseButtonRelease, {5, 7}, {103, 100});
@@ -141,7 +141,7 @@ TYPED_TEST(PictureDialogTest, FollowsTheMouseUntilAReleaseOverTheHeader) {
   hover(true, false);
   this->sendMouse(QEvent::MouseButtonRelease, {5, 7}, {130, 140});
   EXPECT_FALSE(follows({150, 150}));
-  EXPECT_EQ(dialog.cursor().shape(), Qt::ArrowCursor);
+  EXPECT_EQ(window.cursor().shape(), Qt::ArrowCursor);
 }
 
 }  // namespace
