@@ -2,12 +2,16 @@
 
 #include <windows.h>
 
+#include <QProcess>
+#include <QTemporaryFile>
+
 #include <cstdint>
 #include <map>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "by_place.h"
@@ -16,6 +20,7 @@ namespace {
 
 using Aliases = std::map<Identifier, struct Alias>;
 using NumberedTexts = std::map<std::int32_t, std::string>;
+using Settings = std::map<std::string, std::map<std::string, std::string>>;
 
 struct Alias {
   std::string shortAlias;
@@ -39,6 +44,21 @@ void expectSame(const Identifier& found, const Identifier& expected) {
   EXPECT_EQ(found.test, expected.test);
   EXPECT_EQ(found.key, expected.key);
 }
+
+/// The cameras of the Wine prefix: these and no others, until the end of the object.
+class PlantedCameras {
+ public:
+  explicit PlantedCameras(const QByteArray& cameras) {
+    EXPECT_TRUE(description.open());
+    description.write(R"({"cameras": [)" + cameras + "]}");
+    description.close();
+    EXPECT_EQ(QProcess::execute(PLANTER, {"plant", description.fileName()}), 0);
+  }
+  ~PlantedCameras() { EXPECT_EQ(QProcess::execute(PLANTER, {"unplant"}), 0); }
+
+ private:
+  QTemporaryFile description;
+};
 
 class ModuleContract : public testing::Test {
  protected:
@@ -122,6 +142,30 @@ TEST_F(ModuleContract, TheFixedAnswersOfBothTests) {
   }
 }
 
+TEST_F(ModuleContract, WithoutAContextNoTestIsSupported) {
+  for (std::uint32_t index : {0u, 1u}) {
+    EXPECT_EQ((call<std::uint32_t, void*>(module.test(index), 3, nullptr)), 6u) << index;
+  }
+}
+
+TEST_F(ModuleContract, SettingsStayTheCallersAndABadTextThrowsAcrossTheBoundary) {
+  Settings settings = {{"ORCA", {{"ORCA_TEST_TIMEOUT", "7"}}}};
+  const auto configure = [&](std::uint32_t index) {
+    // A map is passed by value through the address of a copy. Here it is the address of the map itself.
+    return call<bool, Settings&>(module.test(index), 11, settings, std::uint64_t{0});
+  };
+  const Settings before = settings;
+  EXPECT_TRUE(configure(0));
+  EXPECT_EQ(settings, before);
+
+  std::string& text = settings["ORCA"]["ORCA_TEST_TIMEOUT"];
+  text = "seven";
+  EXPECT_THAT([&] { configure(0); }, testing::ThrowsMessage<std::invalid_argument>("invalid stoul argument"));
+  EXPECT_TRUE(configure(1)) << "the barcode test has no settings";
+  text = "4294967296";
+  EXPECT_THAT([&] { configure(0); }, testing::ThrowsMessage<std::out_of_range>("stoul argument out of range"));
+}
+
 TEST_F(ModuleContract, Resource) {
   // Place 2 yields a word that nobody ever writes: only that the call comes back can be told.
   call<std::uint64_t>(resource(), 2);
@@ -198,6 +242,7 @@ TEST_F(ModuleContract, ProductVersionIsNotTheVersionOfTheFile) {
 }
 
 TEST_F(ModuleContract, TheComponentManagerWithoutCameras) {
+  const PlantedCameras none("");
   expectSame(call<Identifier>(manager(), 2), kModule);
   for (bool refreshed : {false, true}) {
     SCOPED_TRACE(refreshed ? "after a refresh" : "before any refresh");
@@ -207,13 +252,27 @@ TEST_F(ModuleContract, TheComponentManagerWithoutCameras) {
     EXPECT_EQ(call<void*>(manager(), 4, std::uint32_t{0}), nullptr);
 
     // Exactly at the end it throws, beyond it answers null; the exception crosses the boundary of the DLL.
-    try {
-      call<void*>(manager(), 6, std::uint32_t{0});
-      FAIL() << "no exception";
-    } catch (const std::out_of_range& error) {
-      EXPECT_STREQ(error.what(), "invalid vector subscript");
-    }
+    EXPECT_THAT([&] { call<void*>(manager(), 6, std::uint32_t{0}); },
+                testing::ThrowsMessage<std::out_of_range>("invalid vector subscript"));
     EXPECT_EQ(call<void*>(manager(), 6, std::uint32_t{1}), nullptr);
+  }
+}
+
+TEST_F(ModuleContract, AFailedStartLeavesEveryCameraReadyForTheNextStart) {
+  const QByteArray camera = R"("connection": "usb", "width": 64, "height": 64)";
+  const QByteArray dead = camera + R"(, "faults": [{"kind": "no-open"}])";
+  const PlantedCameras cameras(R"({"name": "A", )" + dead + R"(}, {"name": "B", )" + dead + R"(}, {"name": "C", )" +
+                               camera + "}");
+  call<void>(manager(), 7);
+  ASSERT_EQ(call<std::size_t>(manager(), 3), 3u);
+  const auto capturer = [&](std::uint32_t index) { return call<void*>(call<void*>(manager(), 4, index), 12); };
+
+  // On one dead camera twice, on the next in turn, and then on a healthy one.
+  for (int round = 0; round < 30; ++round) {
+    SCOPED_TRACE(round);
+    for (std::uint32_t index : {0, 0, 1}) EXPECT_EQ(call<std::uint32_t>(capturer(index), 2), 114u) << index;
+    EXPECT_EQ(call<std::uint32_t>(capturer(2), 2), 0u);
+    EXPECT_EQ(call<std::uint32_t>(capturer(2), 4), 0u);
   }
 }
 
