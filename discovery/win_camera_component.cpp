@@ -36,10 +36,10 @@ void WinCameraComponent::buildProperties() {
 
   // The type is named after the prefix of the device path: an internal camera is a "Display" camera to the host.
   const char* type = info.type == CameraType::kUsb ? "USB" : "Display";
-  properties.emplace_back(kUdi, identifier);
-  properties.emplace_back(kCameraDescription, info.description);
-  properties.emplace_back(kCameraManufacturer, info.manufacturer);
-  properties.emplace_back(kCameraType, type);
-  properties.emplace_back(kCameraHardwareId, info.hardwareId);
-  if (!info.driverVersion.empty()) properties.emplace_back(kDriverVersion, info.driverVersion);
+  properties.emplace_back(camera_keys::kUdi, identifier);
+  properties.emplace_back(camera_keys::kCameraDescription, info.description);
+  properties.emplace_back(camera_keys::kCameraManufacturer, info.manufacturer);
+  properties.emplace_back(camera_keys::kCameraType, type);
+  properties.emplace_back(camera_keys::kCameraHardwareId, info.hardwareId);
+  if (!info.driverVersion.empty()) properties.emplace_back(camera_keys::kDriverVersion, info.driverVersion);
 }

@@ -6,7 +6,6 @@
 class CameraResource : public Resource {
  public:
   explicit CameraResource(const ItemId& itemId);
-  ~CameraResource() override;
 
   std::string diagnosticNameKey(const ItemId& itemId) override;
   std::string testNameKey(const ItemId& itemId) override;
@@ -14,7 +13,7 @@ class CameraResource : public Resource {
   std::string testDescriptionKey(const ItemId& itemId) override;
 
  private:
-  // Part of the layout that hosts know; never filled.
+  // Required in the layout; never filled, and each costs an empty map.
   std::map<ItemId, std::string> unusedTexts1;
   std::map<ItemId, std::string> unusedTexts2;
   std::map<ItemId, std::string> unusedTexts3;

@@ -1,4 +1,6 @@
-// The three functions by which a host gets at the module, and the one place that knows all of its parts.
+// The one place that knows all parts of the module.
+
+#include "module/exports.h"
 
 #include <memory>
 #include <vector>
@@ -20,9 +22,6 @@ ModuleInterface* singleton = nullptr;
 
 }  // namespace
 
-extern "C" {
-
-/// The module; built on the first call. The host never frees it but calls ReleaseModuleInterfaceInstance.
 ModuleInterface* GetModuleInterfaceInstance() {
   if (singleton) return singleton;
 
@@ -44,8 +43,8 @@ ModuleInterface* GetModuleInterfaceInstance() {
   return singleton;
 }
 
-/// Deletes the module and all of its parts. The order is part of the contract: resource, component manager, each
-/// diagnostic's tests, the diagnostic, the module; and every part is asked of the module afresh.
+// The order is required: resource, component manager, each diagnostic's tests, the diagnostic, the module; and every
+// part is asked of the module afresh. Until the last line the module therefore points to deleted parts.
 void ReleaseModuleInterfaceInstance() {
   if (!singleton) return;
   delete singleton->getResource();
@@ -59,10 +58,8 @@ void ReleaseModuleInterfaceInstance() {
   singleton = nullptr;
 }
 
-/// The version of the product, for as long as the process lives.
 ProductVersion* GetProductVersion() {
-  static ProductVersion version(4, 42, 0, 92);
+  // Not the version of the file. Static data: the first call only registers the destructor.
+  constinit static ProductVersion version(4, 42, 0, 92);
   return &version;
 }
-
-}  // extern "C"

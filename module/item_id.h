@@ -7,8 +7,8 @@
 struct ItemId {
   ItemId() = default;
 
-  /// `diagnosticNumber` and `testNumber` are 24-bit numbers. `key` takes them unmasked: a wider number spills into its
-  /// neighbour, and hosts that were built against this rely on it.
+  /// `diagnosticNumber` and `testNumber` are 24-bit numbers. `key` takes them unmasked, as is required: a wider number
+  /// spills into its neighbour, so that two identifiers with equal fields may differ.
   constexpr ItemId(std::uint16_t moduleNumber, std::uint32_t diagnosticNumber, std::uint32_t testNumber)
       : module(moduleNumber),
         diagnostic(diagnosticNumber & 0xffffff),

@@ -43,6 +43,8 @@ class Test {
  public:
   explicit Test(const ItemId& itemId) : id(itemId) {}
   virtual ~Test() = default;
+  Test(const Test&) = delete;
+  Test& operator=(const Test&) = delete;
 
   /// Whether the test can run against this component; null is not applicable.
   virtual bool isApplicable(SystemComponent* component) = 0;

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "module/keys/hint.h"
+#include "module/keys/camera_keys.h"
 #include "module/test.h"
 #include "module/test_execution_context.h"
 
@@ -10,7 +10,7 @@
 template <class T>
 class TestWithDeviceHint : public Test {
  public:
-  explicit TestWithDeviceHint(const ItemId& innerId) : Test(ItemId()), inner(innerId), hint(kFailureHint) {
+  explicit TestWithDeviceHint(const ItemId& innerId) : Test(ItemId()), inner(innerId), hint(camera_keys::kFailureHint) {
     id = inner.id;
   }
 

@@ -59,7 +59,7 @@ TestResult CameraBarcodeTest::run(TestExecutionContext* context) {
 
   CameraComponent* camera = test_steps::asCamera(context->getComponent());
   if (!camera) {
-    reportFinally(context, kDeviceNotIdentified);
+    reportFinally(context, camera_keys::kDeviceNotIdentified);
     return kTestNotPerformed;
   }
   if (isInterrupted(context, CaptureOk)) return kTestCancelled;
@@ -85,7 +85,7 @@ TestResult CameraBarcodeTest::run(TestExecutionContext* context) {
 TestResult CameraBarcodeTest::scan(CameraFrameCapturer* capturer, TestExecutionContext* context) {
   FrameFormat format;
   if (capturer->getFrameFormat(format) != 0) {
-    reportFinally(context, kFailedToInitialize);
+    reportFinally(context, camera_keys::kFailedToInitialize);
     return kTestError;
   }
   report(context, 50);
@@ -136,7 +136,7 @@ TestResult CameraBarcodeTest::decodeFrames(CameraFrameCapturer* capturer, const 
 
 bool CameraBarcodeTest::isInterrupted(TestExecutionContext* context, CaptureStatus status) {
   if (isAbortEvent(test_steps::currentEvent(context))) {
-    reportFinally(context, kTestAbortedByEvent);
+    reportFinally(context, camera_keys::kTestAbortedByEvent);
     return true;
   }
   if (context->isCancelled()) {
@@ -145,17 +145,18 @@ bool CameraBarcodeTest::isInterrupted(TestExecutionContext* context, CaptureStat
   }
   if (status == CaptureOk) return false;
   // A time-out counts as a plain capture failure here.
-  reportFinally(context, status == CaptureDeviceRemoved ? kFailedToCaptureDeviceWasRemoved : kFailedToCapture);
+  reportFinally(context, status == CaptureDeviceRemoved ? camera_keys::kFailedToCaptureDeviceWasRemoved
+                                                        : camera_keys::kFailedToCapture);
   return true;
 }
 
 void CameraBarcodeTest::reportResult(TestResult result, TestExecutionContext* context) {
   if (result == kTestPassed) {
-    reportFinally(context, kBarcodeValue + " " + decodedText.toStdString());
+    reportFinally(context, std::string(camera_keys::kBarcodeValue) + " " + decodedText.toStdString());
   } else if (result == kTestFailed) {
-    reportFinally(context, kBarcodeFailScanMessage);
+    reportFinally(context, camera_keys::kBarcodeFailScanMessage);
   } else if (result == kTestCancelled && invalidTwice) {
     invalidTwice = false;
-    reportFinally(context, kBarcodeCanceledDueInvalidInput);
+    reportFinally(context, camera_keys::kBarcodeCanceledDueInvalidInput);
   }
 }

@@ -36,13 +36,13 @@ InputRequest messageRequest(const std::string& key, std::uint32_t kind, TestExec
 TestResult reportFailedFrame(TestExecutionContext* context, CaptureStatus status) {
   switch (status) {
     case CaptureDeviceRemoved:
-      reportFinally(context, kFailedToCaptureDeviceWasRemoved);
+      reportFinally(context, camera_keys::kFailedToCaptureDeviceWasRemoved);
       return kTestCancelled;
     case CaptureTimedOut:
-      reportFinally(context, kFailedToCaptureDueTimeout);
+      reportFinally(context, camera_keys::kFailedToCaptureDueTimeout);
       return kTestError;
     default:
-      reportFinally(context, kFailedToCapture);
+      reportFinally(context, camera_keys::kFailedToCapture);
       return kTestCancelled;
   }
 }
@@ -70,7 +70,7 @@ bool CameraCaptureTest::hasServices(TestExecutionContext* context) {
 bool CameraCaptureTest::configure(TestSettings settings, std::uint64_t) {
   const auto section = settings.find(settings_keys::kOrca);
   if (section != settings.end()) {
-    for (const std::string& key : {settings_keys::kOrcaTestTimeoutCameraCaptureTest, settings_keys::kOrcaTestTimeout}) {
+    for (const char* key : {settings_keys::kOrcaTestTimeoutCameraCaptureTest, settings_keys::kOrcaTestTimeout}) {
       const auto value = section->second.find(key);
       if (value == section->second.end()) continue;
       dialogTimeout = secondsFromText(value->second);
@@ -88,7 +88,7 @@ TestResult CameraCaptureTest::run(TestExecutionContext* context) {
   report(context, 0);
 
   if (!isApplicable(context->getComponent())) {
-    reportFinally(context, kDeviceNotIdentified);
+    reportFinally(context, camera_keys::kDeviceNotIdentified);
     return kTestNotPerformed;
   }
   if (endedByHost(context)) return kTestCancelled;
@@ -98,7 +98,7 @@ TestResult CameraCaptureTest::run(TestExecutionContext* context) {
   reporter->submit(&request);
   if (request.answer != InputRequest::kConfirmed) {
     report(context, 100);
-    if (isAbortEvent(test_steps::currentEvent(context))) reportFinally(context, kTestAbortedByEvent);
+    if (isAbortEvent(test_steps::currentEvent(context))) reportFinally(context, camera_keys::kTestAbortedByEvent);
     return kTestCancelled;
   }
   report(context, 30);
@@ -121,7 +121,7 @@ TestResult CameraCaptureTest::run(TestExecutionContext* context) {
 TestResult CameraCaptureTest::showLivePicture(CameraFrameCapturer* capturer, TestExecutionContext* context) {
   FrameFormat format;
   if (capturer->getFrameFormat(format) != 0) {
-    reportFinally(context, kFailedToInitialize);
+    reportFinally(context, camera_keys::kFailedToInitialize);
     return kTestError;
   }
   report(context, 50);
@@ -163,12 +163,12 @@ TestResult CameraCaptureTest::askImageQuestion(TestExecutionContext* context) {
 
   TestResult result = kTestCancelled;
   if (isAbortEvent(test_steps::currentEvent(context))) {
-    reportFinally(context, kTestAbortedByEvent);
+    reportFinally(context, camera_keys::kTestAbortedByEvent);
     request.answer = InputRequest::kOverriddenByEvent;
   } else if (request.answer == InputRequest::kYes) {
     result = kTestPassed;
   } else if (request.answer == InputRequest::kNo) {
-    reportFinally(context, kCameraResultFailed);
+    reportFinally(context, camera_keys::kCameraResultFailed);
     result = kTestFailed;
   }
   report(context, 100);
@@ -177,7 +177,7 @@ TestResult CameraCaptureTest::askImageQuestion(TestExecutionContext* context) {
 
 bool CameraCaptureTest::endedByHost(TestExecutionContext* context) {
   if (isAbortEvent(test_steps::currentEvent(context))) {
-    reportFinally(context, kTestAbortedByEvent);
+    reportFinally(context, camera_keys::kTestAbortedByEvent);
     return true;
   }
   if (!context->isCancelled()) return false;

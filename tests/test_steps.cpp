@@ -41,10 +41,10 @@ std::uint32_t currentTick() {
 TestResult reportFailedStart(TestExecutionContext* context, CaptureStatus status) {
   // A camera that cannot be opened may be in other hands; one that opens and cannot be set up is an error.
   if (status == CaptureCannotOpenDevice) {
-    reportFinally(context, kCannotAccessDevice);
+    reportFinally(context, camera_keys::kCannotAccessDevice);
     return kTestCancelled;
   }
-  if (status == CaptureInitFailed || status == CaptureFailed) reportFinally(context, kFailedToInitialize);
+  if (status == CaptureInitFailed || status == CaptureFailed) reportFinally(context, camera_keys::kFailedToInitialize);
   return kTestError;
 }
 

@@ -9,5 +9,5 @@
 
 /// The text of a key in the user's language.
 inline QString dialogText(const std::string& key) {
-  return QCoreApplication::translate(dialog_keys::kCamera.c_str(), key.c_str());
+  return QCoreApplication::translate(dialog_keys::kCamera, key.c_str());
 }

@@ -2,23 +2,23 @@
 
 // String keys of the dialogs' texts, translated in the context "CAMERA", and of the capture test's input requests.
 
-#include <string>
+#include "module/keys/camera_keys.h"
 
 namespace dialog_keys {
 
-const std::string kApplicationName = "APPLICATION_NAME";
-/// Also the translation context of all dialog texts.
-const std::string kCamera = "CAMERA";
-const std::string kCameraCaptureTest = "CAMERA_CAPTURE_TEST";
-const std::string kCameraDialogTitle = "CAMERA_DIALOG_TITLE";
-const std::string kCameraBarcodeDialogTitle = "CAMERA_BARCODE_DIALOG_TITLE";
-const std::string kCameraFailLabel = "CAMERA_FAIL_LABEL";
-const std::string kClosePopUp = "CLOSE_POP_UP";
-const std::string kFail = "FAIL";
-const std::string kInitialMessage = "INITIAL_MESSAGE";
-const std::string kCheckCameraImage = "CHECK_CAMERA_IMAGE";
-const std::string kCameraPointBarcodeMessage = "CAMERA_POINT_BARCODE_MESSAGE";
-const std::string kCameraBarcodeWarning = "CAMERA_BARCODE_WARNING";
-const std::string kCameraBarcodeRetryMessage = "CAMERA_BARCODE_RETRY_MESSAGE";
+using camera_keys::kCamera;
+using camera_keys::kCameraCaptureTest;
+
+inline constexpr char kApplicationName[] = "APPLICATION_NAME";
+inline constexpr char kCameraDialogTitle[] = "CAMERA_DIALOG_TITLE";
+inline constexpr char kCameraBarcodeDialogTitle[] = "CAMERA_BARCODE_DIALOG_TITLE";
+inline constexpr char kCameraFailLabel[] = "CAMERA_FAIL_LABEL";
+inline constexpr char kClosePopUp[] = "CLOSE_POP_UP";
+inline constexpr char kFail[] = "FAIL";
+inline constexpr char kInitialMessage[] = "INITIAL_MESSAGE";
+inline constexpr char kCheckCameraImage[] = "CHECK_CAMERA_IMAGE";
+inline constexpr char kCameraPointBarcodeMessage[] = "CAMERA_POINT_BARCODE_MESSAGE";
+inline constexpr char kCameraBarcodeWarning[] = "CAMERA_BARCODE_WARNING";
+inline constexpr char kCameraBarcodeRetryMessage[] = "CAMERA_BARCODE_RETRY_MESSAGE";
 
 }  // namespace dialog_keys

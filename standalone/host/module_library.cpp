@@ -27,9 +27,9 @@ ModuleLibrary::ModuleLibrary(const QString& file) : fileName(existingFile(file))
   if (!library.load()) {
     throw HostError(QStringLiteral("The module could not be loaded: %1").arg(library.errorString()));
   }
-  const auto get = reinterpret_cast<ModuleInterface* (*)()>(resolve("GetModuleInterfaceInstance"));
-  release = reinterpret_cast<void (*)()>(resolve("ReleaseModuleInterfaceInstance"));
-  productVersion = reinterpret_cast<ProductVersion* (*)()>(resolve("GetProductVersion"));
+  const auto get = reinterpret_cast<decltype(&GetModuleInterfaceInstance)>(resolve("GetModuleInterfaceInstance"));
+  release = reinterpret_cast<decltype(release)>(resolve("ReleaseModuleInterfaceInstance"));
+  productVersion = reinterpret_cast<decltype(productVersion)>(resolve("GetProductVersion"));
   moduleInterface = get();
 }
 

@@ -3,8 +3,7 @@
 #include <QLibrary>
 #include <QString>
 
-class ModuleInterface;
-class ProductVersion;
+#include "module/exports.h"
 
 /// The loaded library of a module. Releases the module and unloads the library at its end: nothing of the module may
 /// run or be held by then. One thread.
@@ -26,7 +25,7 @@ class ModuleLibrary {
 
   QString fileName;
   QLibrary library;
-  void (*release)() = nullptr;
-  ProductVersion* (*productVersion)() = nullptr;
+  decltype(&ReleaseModuleInterfaceInstance) release = nullptr;
+  decltype(&GetProductVersion) productVersion = nullptr;
   ModuleInterface* moduleInterface = nullptr;
 };

@@ -38,6 +38,7 @@ struct Identifier {
   std::uint64_t key;
 
   bool operator<(const Identifier& other) const { return key < other.key; }
+  bool operator==(const Identifier&) const = default;
 };
 
 inline constexpr Identifier kModule{17, 0, 0, 0x11000000000000};

@@ -33,7 +33,7 @@ QSet<QString> matches(const char* file, const char* pattern) {
 
 // The headers are read as text, so that a key that is added to them cannot be forgotten here.
 QSet<QString> keys() {
-  constexpr const char* kKey = R"re(const std::string k\w+ =\s+"([A-Z_]+)";)re";
+  constexpr const char* kKey = R"re(inline constexpr char k\w+\[\] =\s+"([A-Z_]+)";)re";
   return matches("module/keys/camera_keys.h", kKey) + matches("module/keys/dialog_keys.h", kKey);
 }
 

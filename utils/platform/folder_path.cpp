@@ -9,7 +9,7 @@
 #include <cstddef>
 #include <memory>
 
-#include "module/keys/host_constants.h"
+#include "module/keys/family_constants.h"
 
 namespace vexa::utils::platform {
 namespace {
@@ -41,7 +41,7 @@ struct FreeTaskMemory {
 };
 
 std::wstring below(const std::wstring& folder, const std::wstring& name) {
-  return name.empty() ? folder : folder + host_constants::kWidePathSeparator + name;
+  return name.empty() ? folder : folder + family_constants::kWidePathSeparator + name;
 }
 
 std::wstring dataFolder() {
