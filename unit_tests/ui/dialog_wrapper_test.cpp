@@ -96,10 +96,10 @@ TYPED_TEST(DialogWrapperTest, WithoutADialogNothingHappens) {
 
 /// Only the capture test's wrapper scales to the user's screen and hands the test's context over.
 TYPED_TEST(DialogWrapperTest, OpensBlackInItsSizeAndComesToTheFrontOnce) {
-  using Dialog = typename TestFixture::Dialog;
-  constexpr bool kBarcode = TestFixture::kBarcode;
+  using Shown = typename TestFixture::Dialog;
+  const bool isBarcode = TestFixture::kBarcode;
   fakePlatform().monitorDpi = 144;
-  const QSize size = kBarcode ? QSize(641, 482) : QSize(427, 321);
+  const QSize size = isBarcode ? QSize(641, 482) : QSize(427, 321);
   QStringList steps;
   ShowObserver observer([&](const QWidget& shown) { steps += QString::number(shown.windowFlags().toInt(), 16); });
   this->wrapper = std::make_shared<TypeParam>(QSize(641, 482), &this->context);
@@ -109,13 +109,13 @@ TYPED_TEST(DialogWrapperTest, OpensBlackInItsSizeAndComesToTheFrontOnce) {
   EXPECT_TRUE(this->wrapper->CreateWidget(nullptr, &observer));
   EXPECT_EQ(steps, QStringList({"black", "40803", "803"}));
 
-  auto* const dialog = openDialog<Dialog>();
+  auto* const dialog = openDialog<Shown>();
   EXPECT_TRUE(dialog->isVisible());
   EXPECT_TRUE(dialog->testAttribute(Qt::WA_DeleteOnClose));
-  EXPECT_EQ(dialog->context, kBarcode ? nullptr : &this->context);
+  EXPECT_EQ(dialog->context, isBarcode ? nullptr : &this->context);
   const QWidget* const view = dialog->template findChild<QLabel*>(this->kView);
-  EXPECT_EQ(dialog->maximumSize(), kBarcode ? Dialog(nullptr, nullptr).maximumSize() : size);
-  EXPECT_EQ(view->maximumSize(), kBarcode ? QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX) : size);
+  EXPECT_EQ(dialog->maximumSize(), isBarcode ? Shown(nullptr, nullptr).maximumSize() : size);
+  EXPECT_EQ(view->maximumSize(), isBarcode ? QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX) : size);
 }
 
 TYPED_TEST(DialogWrapperTest, SendsNothingToADialogWithAResult) {
