@@ -17,8 +17,8 @@ constexpr char kArrayKind[] = "array of sources";
 constexpr char kLinkKind[] = "link text";
 
 /// Blocks that the scripted calls handed out, by kind.
-std::set<const void*> handedOutArrays;
-std::set<const void*> handedOutLinks;
+auto& handedOutArrays = *new std::set<const void*>;
+auto& handedOutLinks = *new std::set<const void*>;
 
 class FakeAttributeStore : public ComAttributes<IMFAttributes> {
  public:
@@ -121,6 +121,6 @@ HRESULT WINAPI MFEnumDeviceSources(IMFAttributes* attributes, IMFActivate*** sou
 }
 
 ScriptedMediaFoundation& scriptedMediaFoundation() {
-  static ScriptedMediaFoundation mediaFoundation;
+  static auto& mediaFoundation = *new ScriptedMediaFoundation;
   return mediaFoundation;
 }

@@ -27,6 +27,6 @@ LSTATUS WINAPI getValue(HKEY root, LPCWSTR key, LPCWSTR name, DWORD flags, LPDWO
 SUBSTITUTE_IMPORT(RegGetValueW, getValue);
 
 ScriptedRegistry& scriptedRegistry() {
-  static ScriptedRegistry registry;
+  static auto& registry = *new ScriptedRegistry;
   return registry;
 }

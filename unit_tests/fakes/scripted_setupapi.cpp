@@ -23,7 +23,7 @@ constexpr DEVPROPKEY kNameKey = {{0xB725F130, 0x47EF, 0x101A, {0xA5, 0xF1, 0x02,
 using DeviceSet = std::vector<std::size_t>;
 
 std::set<HDEVINFO>& openSets() {
-  static std::set<HDEVINFO> sets;
+  static auto& sets = *new std::set<HDEVINFO>;
   return sets;
 }
 
@@ -208,6 +208,6 @@ SUBSTITUTE_IMPORT(CM_Get_Device_ID_Size, getDeviceIdSize);
 SUBSTITUTE_IMPORT(CM_Get_Device_IDW, getDeviceId);
 
 ScriptedSetupApi& scriptedSetupApi() {
-  static ScriptedSetupApi setupApi;
+  static auto& setupApi = *new ScriptedSetupApi;
   return setupApi;
 }

@@ -75,7 +75,7 @@ std::map<std::string, int> SystemScript::outstanding() const {
 }
 
 SystemScript& systemScript() {
-  static SystemScript script;
+  static auto& script = *new SystemScript;
   return script;
 }
 

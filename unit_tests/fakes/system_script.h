@@ -8,6 +8,8 @@
 #define SUBSTITUTE_IMPORT(function, replacement) decltype(&function) __imp_##function = replacement
 
 /// Which scripted system calls fail, what was called, and what was acquired and not given back. One for the program.
+/// The state of this and of the other scripts is never destroyed: the product's own statics still call the system at
+/// exit.
 class SystemScript {
  public:
   /// The `nth` call of this function fails, counted from 1.
