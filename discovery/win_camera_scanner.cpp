@@ -7,16 +7,17 @@
 #include <optional>
 
 #include "discovery/driver_version.h"
-#include "discovery/media_foundation_session.h"
 #include "discovery/narrow_text.h"
 #include "discovery/win_device_scan_filter.h"
 #include "module/host_services.h"
 #include "module/keys/device_classes.h"
 #include "module/keys/device_paths.h"
+#include "utils/platform/media_session.h"
 
 namespace {
 
 using Microsoft::WRL::ComPtr;
+using vexa::utils::platform::MediaSession;
 
 /// The display name of an interface. No import library holds this constant.
 constexpr DEVPROPKEY kNameProperty = {{0xB725F130, 0x47EF, 0x101A, {0xA5, 0xF1, 0x02, 0x60, 0x8C, 0x9E, 0xEB, 0xAC}},
@@ -63,8 +64,8 @@ CameraType typeFromPath(const std::string& path) {
 
 std::uint32_t WinCameraScanner::scan() {
   clear();
-  const MediaFoundationSession session;
-  if (!session.isOpen()) return 1;
+  const MediaSession session(MediaSession::Ending::kWhatStarted);
+  if (!session.isStarted()) return 1;
 
   // Without links no interface matches: a failure of the enumeration is an empty list.
   enumerateCaptureLinks();
@@ -72,8 +73,8 @@ std::uint32_t WinCameraScanner::scan() {
 }
 
 bool WinCameraScanner::hasCameras() {
-  const MediaFoundationSession session;
-  if (!session.isOpen()) return false;
+  const MediaSession session(MediaSession::Ending::kWhatStarted);
+  if (!session.isStarted()) return false;
 
   enumerateCaptureLinks();
   return !captureLinks.empty();

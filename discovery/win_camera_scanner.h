@@ -17,7 +17,7 @@ class WinCameraScanner : public CameraScanner {
   std::vector<CameraInfo> getCameras() override;
 
  private:
-  /// Refills `captureLinks`; false when Media Foundation failed. Needs a MediaFoundationSession.
+  /// Refills `captureLinks`; false when Media Foundation failed. Needs a MediaSession.
   bool enumerateCaptureLinks();
   /// Refills `cameras`; false when no search succeeded.
   bool buildCameraList();
