@@ -1,5 +1,7 @@
 #include "unit_tests/fakes/system_script.h"
 
+#include <windows.h>
+
 #include <algorithm>
 #include <atomic>
 #include <cstdlib>
@@ -31,6 +33,20 @@ void operator delete[](void* block, std::size_t) noexcept {
   operator delete[](block);
 }
 
+namespace {
+
+int WINAPI toMultiByte(UINT codePage, DWORD flags, LPCWCH text, int length, LPSTR buffer, int size, LPCCH replacement,
+                       LPBOOL replaced) {
+  static const auto real = reinterpret_cast<decltype(&WideCharToMultiByte)>(
+      reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"kernel32.dll"), "WideCharToMultiByte")));
+  if (systemScript().fails("WideCharToMultiByte")) return 0;
+  return real(codePage, flags, text, length, buffer, size, replacement, replaced);
+}
+
+}  // namespace
+
+SUBSTITUTE_IMPORT(WideCharToMultiByte, toMultiByte);
+
 int liveArrays() {
   return arrays;
 }
@@ -47,7 +63,8 @@ bool SystemScript::fails(const std::string& function) {
   note(function);
   ++failable;
   const auto wanted = failing.find(function);
-  const bool fail = failable == failingCall || (wanted != failing.end() && wanted->second == calls(function));
+  const bool fail = failable == failingCall ||
+                    (wanted != failing.end() && (wanted->second == 0 || wanted->second == calls(function)));
   if (fail) failed = function;
   return fail;
 }

@@ -14,6 +14,7 @@ class SystemScript {
  public:
   /// The `nth` call of this function fails, counted from 1.
   void failCall(const std::string& function, int nth = 1);
+  void failEveryCall(const std::string& function) { failCall(function, 0); }
   /// The `nth` of all calls that can fail does.
   void failAnyCall(int nth);
 
