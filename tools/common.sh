@@ -54,6 +54,10 @@ wine_prefix() {
   printf '%s/wine-%s' "$cache" "$recipe"
 }
 
-# The barcode decoder's source package, and the folder of its unpacked source.
+# The barcode decoder's source package, and the folder of its source, unpacked and edited.
 qzxing_version=3.3.0+dfsg-3
-qzxing_source() { printf '%s/qzxing-%s' "$cache" "${qzxing_version//[^0-9A-Za-z.]/_}"; }
+qzxing_source() {
+  local recipe
+  recipe=$(sha256sum <"$project/tools/fetch_qzxing" | cut -c1-12)
+  printf '%s/qzxing-%s-%s' "$cache" "${qzxing_version//[^0-9A-Za-z.]/_}" "$recipe"
+}
