@@ -208,12 +208,12 @@ void WINAPI uninitializeCom() {
 
 }  // namespace
 
-SUBSTITUTE_IMPORT(RegisterDeviceNotificationW, &registerNotification)
-SUBSTITUTE_IMPORT(UnregisterDeviceNotification, &unregisterNotification)
-SUBSTITUTE_IMPORT(DestroyWindow, &destroyWindow)
-SUBSTITUTE_IMPORT(SendMessageW, &sendMessage)
-SUBSTITUTE_IMPORT(UnregisterClassW, &unregisterClass)
-SUBSTITUTE_IMPORT(CoUninitialize, &uninitializeCom)
+SUBSTITUTE_IMPORT(RegisterDeviceNotificationW, registerNotification);
+SUBSTITUTE_IMPORT(UnregisterDeviceNotification, unregisterNotification);
+SUBSTITUTE_IMPORT(DestroyWindow, destroyWindow);
+SUBSTITUTE_IMPORT(SendMessageW, sendMessage);
+SUBSTITUTE_IMPORT(UnregisterClassW, unregisterClass);
+SUBSTITUTE_IMPORT(CoUninitialize, uninitializeCom);
 
 // Media Foundation's functions are not declared as imports: the program's own definitions come first.
 extern "C" {

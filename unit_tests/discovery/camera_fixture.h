@@ -8,7 +8,7 @@
 
 #include <gtest/gtest.h>
 
-#include "unit_tests/fakes/com_object.h"
+#include "unit_tests/fakes/fake_com_object.h"
 #include "unit_tests/fakes/fake_host_services.h"
 #include "unit_tests/fakes/scripted_media_foundation.h"
 #include "unit_tests/fakes/scripted_registry.h"

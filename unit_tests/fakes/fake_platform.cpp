@@ -12,6 +12,8 @@
 
 #include <bit>
 #include <string_view>
+
+#include "unit_tests/fakes/substitute_import.h"
 #endif
 
 FakePlatform& fakePlatform() {
@@ -92,13 +94,11 @@ FARPROC WINAPI procedure(HMODULE library, const char* name) {
 
 }  // namespace
 
-extern "C" {
-decltype(&SystemParametersInfoW) __imp_SystemParametersInfoW = &systemParameters;
-decltype(&GetSysColor) __imp_GetSysColor = &systemColor;
-decltype(&EnumDisplayMonitors) __imp_EnumDisplayMonitors = &eachMonitor;
-decltype(&GetMonitorInfoW) __imp_GetMonitorInfoW = &monitorInfo;
-decltype(&GetProcAddress) __imp_GetProcAddress = &procedure;
-}
+SUBSTITUTE_IMPORT(SystemParametersInfoW, systemParameters);
+SUBSTITUTE_IMPORT(GetSysColor, systemColor);
+SUBSTITUTE_IMPORT(EnumDisplayMonitors, eachMonitor);
+SUBSTITUTE_IMPORT(GetMonitorInfoW, monitorInfo);
+SUBSTITUTE_IMPORT(GetProcAddress, procedure);
 
 bool sendNativeMessage(const QByteArray& eventType, std::uint32_t number) {
   MSG message{};

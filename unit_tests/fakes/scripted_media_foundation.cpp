@@ -5,11 +5,14 @@
 #include <mferror.h>
 #include <mfidl.h>
 #include <objbase.h>
+#include <wrl/client.h>
 
 #include <set>
 
-#include "unit_tests/fakes/com_object.h"
+#include "unit_tests/fakes/fake_attributes.h"
 #include "unit_tests/fakes/system_script.h"
+
+using Microsoft::WRL::ComPtr;
 
 namespace {
 
@@ -20,7 +23,7 @@ constexpr char kLinkKind[] = "link text";
 auto& handedOutArrays = *new std::set<const void*>;
 auto& handedOutLinks = *new std::set<const void*>;
 
-class FakeAttributeStore : public ComAttributes<IMFAttributes> {
+class FakeAttributeStore : public FakeAttributes<IMFAttributes> {
  public:
   STDMETHODIMP SetGUID(REFGUID key, REFGUID value) override {
     if (systemScript().fails("IMFAttributes::SetGUID")) return E_OUTOFMEMORY;
@@ -35,7 +38,7 @@ class FakeAttributeStore : public ComAttributes<IMFAttributes> {
   ~FakeAttributeStore() override { systemScript().note("attributes released"); }
 };
 
-class FakeSource : public ComAttributes<IMFActivate> {
+class FakeSource : public FakeAttributes<IMFActivate> {
  public:
   explicit FakeSource(const std::optional<std::wstring>& symbolicLink) : link(symbolicLink) {}
 
@@ -77,8 +80,7 @@ void WINAPI freeTaskMemory(LPVOID block) {
     systemScript().release(kArrayKind);
   }
   if (handedOutLinks.erase(block) != 0) systemScript().release(kLinkKind);
-  static const auto real = reinterpret_cast<decltype(&CoTaskMemFree)>(
-      reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"ole32.dll"), "CoTaskMemFree")));
+  static const auto real = systemFunction<decltype(CoTaskMemFree)>(L"ole32", "CoTaskMemFree");
   real(block);
 }
 
@@ -103,7 +105,7 @@ HRESULT WINAPI MFShutdown() {
 
 HRESULT WINAPI MFCreateAttributes(IMFAttributes** attributes, UINT32) {
   if (systemScript().fails("MFCreateAttributes")) return E_OUTOFMEMORY;
-  *attributes = new FakeAttributeStore;
+  *attributes = ComPtr<IMFAttributes>(new FakeAttributeStore).Detach();
   return S_OK;
 }
 
@@ -114,7 +116,8 @@ HRESULT WINAPI MFEnumDeviceSources(IMFAttributes* attributes, IMFActivate*** sou
   const auto& links = scriptedMediaFoundation().links;
   *count = static_cast<UINT32>(links.size());
   *sources = static_cast<IMFActivate**>(CoTaskMemAlloc((links.size() + 1) * sizeof(IMFActivate*)));
-  for (std::size_t index = 0; index < links.size(); ++index) (*sources)[index] = new FakeSource(links[index]);
+  for (std::size_t index = 0; index < links.size(); ++index)
+    (*sources)[index] = ComPtr<IMFActivate>(new FakeSource(links[index])).Detach();
   handedOutArrays.insert(*sources);
   systemScript().acquire(kArrayKind);
   return S_OK;

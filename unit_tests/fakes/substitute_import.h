@@ -3,10 +3,7 @@
 #include <windows.h>
 
 /// Puts `replacement` in the place of a function that the product imports from a DLL, for the whole program.
-#define SUBSTITUTE_IMPORT(function, replacement)      \
-  extern "C" {                                        \
-  decltype(&function) __imp_##function = replacement; \
-  }
+#define SUBSTITUTE_IMPORT(function, replacement) decltype(&function) __imp_##function = replacement
 
 /// The system's own function behind one that is replaced.
 template <class Function>

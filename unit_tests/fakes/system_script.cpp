@@ -37,8 +37,7 @@ namespace {
 
 int WINAPI toMultiByte(UINT codePage, DWORD flags, LPCWCH text, int length, LPSTR buffer, int size, LPCCH replacement,
                        LPBOOL replaced) {
-  static const auto real = reinterpret_cast<decltype(&WideCharToMultiByte)>(
-      reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"kernel32.dll"), "WideCharToMultiByte")));
+  static const auto real = systemFunction<decltype(WideCharToMultiByte)>(L"kernel32", "WideCharToMultiByte");
   if (systemScript().fails("WideCharToMultiByte")) return 0;
   return real(codePage, flags, text, length, buffer, size, replacement, replaced);
 }

@@ -4,8 +4,7 @@
 #include <string>
 #include <vector>
 
-/// Puts `replacement` in the place of a function that the product imports from a DLL, for the whole program.
-#define SUBSTITUTE_IMPORT(function, replacement) decltype(&function) __imp_##function = replacement
+#include "unit_tests/fakes/substitute_import.h"
 
 /// Which scripted system calls fail, what was called, and what was acquired and not given back. One for the program.
 /// The state of this and of the other scripts is never destroyed: the product's own statics still call the system at

@@ -2,45 +2,11 @@
 
 #include <mfobjects.h>
 
-#include <atomic>
-
-/// How many fake COM objects of all kinds exist.
-inline std::atomic<int> fakeComObjects{0};
-
-/// IUnknown for fakes, which are born with one reference. A fake overrides what its test needs of `Interface`.
-template <class Interface>
-class ComObject : public Interface {
- public:
-  ComObject() { ++fakeComObjects; }
-  ComObject(const ComObject&) = delete;
-  ComObject& operator=(const ComObject&) = delete;
-
-  STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
-    if (iid != __uuidof(IUnknown) && iid != __uuidof(Interface)) {
-      *object = nullptr;
-      return E_NOINTERFACE;
-    }
-    *object = static_cast<Interface*>(this);
-    AddRef();
-    return S_OK;
-  }
-  STDMETHODIMP_(ULONG) AddRef() override { return ++references; }
-  STDMETHODIMP_(ULONG) Release() override {
-    const ULONG left = --references;
-    if (left == 0) delete this;
-    return left;
-  }
-
- protected:
-  virtual ~ComObject() { --fakeComObjects; }
-
- private:
-  std::atomic<ULONG> references{1};
-};
+#include "unit_tests/fakes/fake_com_object.h"
 
 /// A fake of an interface that extends IMFAttributes: answers E_NOTIMPL to all of those operations.
 template <class Interface>
-class ComAttributes : public ComObject<Interface> {
+class FakeAttributes : public FakeComObject<Interface> {
  public:
   STDMETHODIMP GetItem(REFGUID, PROPVARIANT*) override { return E_NOTIMPL; }
   STDMETHODIMP GetItemType(REFGUID, MF_ATTRIBUTE_TYPE*) override { return E_NOTIMPL; }
