@@ -37,15 +37,16 @@ class WrapperTest : public testing::Test {
   using Dialog = std::conditional_t<kBarcode, CameraBarcodeDialog, CameraDialog>;
 
   void SetUp() override { fakePlatform() = {.monitorDpi = 96}; }
+  static Dialog* open() { return openDialog<Dialog>(); }
   void TearDown() override {
-    delete openDialog<Dialog>();
-    EXPECT_EQ(openDialog<Dialog>(), nullptr);
+    delete open();
+    EXPECT_EQ(open(), nullptr);
   }
 
   Dialog* show(QSize size) {
     wrapper = std::make_shared<Wrapper>(size, &context);
     EXPECT_TRUE(wrapper->CreateWidget(nullptr, &hostFilter));
-    return openDialog<Dialog>();
+    return open();
   }
   /// What test and host do: the one makes the wrapper, the other the dialog.
   std::shared_ptr<Wrapper> createFromWorkerThread() {
@@ -53,7 +54,7 @@ class WrapperTest : public testing::Test {
     onUserInterfaceThread([&] { shared->CreateWidget(nullptr, &hostFilter); });
     return shared;
   }
-  static QImage shown() { return openDialog<Dialog>()->template findChild<QLabel*>(kView)->pixmap().toImage(); }
+  static QImage shown() { return open()->template findChild<QLabel*>(kView)->pixmap().toImage(); }
   static QImage picture(QColor color) {
     QImage image(8, 6, QImage::Format_RGB32);
     image.fill(color);
@@ -96,10 +97,9 @@ TYPED_TEST(DialogWrapperTest, WithoutADialogNothingHappens) {
 
 /// Only the capture test's wrapper scales to the user's screen and hands the test's context over.
 TYPED_TEST(DialogWrapperTest, OpensBlackInItsSizeAndComesToTheFrontOnce) {
-  using Shown = typename TestFixture::Dialog;
-  const bool isBarcode = TestFixture::kBarcode;
+  constexpr bool kScales = !TestFixture::kBarcode;
   fakePlatform().monitorDpi = 144;
-  const QSize size = isBarcode ? QSize(641, 482) : QSize(427, 321);
+  const QSize size = kScales ? QSize(427, 321) : QSize(641, 482);
   QStringList steps;
   ShowObserver observer([&](const QWidget& shown) { steps += QString::number(shown.windowFlags().toInt(), 16); });
   this->wrapper = std::make_shared<TypeParam>(QSize(641, 482), &this->context);
@@ -109,13 +109,13 @@ TYPED_TEST(DialogWrapperTest, OpensBlackInItsSizeAndComesToTheFrontOnce) {
   EXPECT_TRUE(this->wrapper->CreateWidget(nullptr, &observer));
   EXPECT_EQ(steps, QStringList({"black", "40803", "803"}));
 
-  auto* const dialog = openDialog<Shown>();
+  auto* const dialog = this->open();
   EXPECT_TRUE(dialog->isVisible());
   EXPECT_TRUE(dialog->testAttribute(Qt::WA_DeleteOnClose));
-  EXPECT_EQ(dialog->context, isBarcode ? nullptr : &this->context);
+  EXPECT_EQ(dialog->context, kScales ? &this->context : nullptr);
   const QWidget* const view = dialog->template findChild<QLabel*>(this->kView);
-  EXPECT_EQ(dialog->maximumSize(), isBarcode ? Shown(nullptr, nullptr).maximumSize() : size);
-  EXPECT_EQ(view->maximumSize(), isBarcode ? QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX) : size);
+  EXPECT_EQ(dialog->maximumSize(), kScales ? size : typename TestFixture::Dialog(nullptr, nullptr).maximumSize());
+  EXPECT_EQ(view->maximumSize(), kScales ? size : QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX));
 }
 
 TYPED_TEST(DialogWrapperTest, SendsNothingToADialogWithAResult) {
@@ -154,7 +154,7 @@ TYPED_TEST(DialogWrapperTest, CarriesFramesAndTheCloseFromATestsThread) {
     for (int i = 0; i < 20; ++i) shared->SendFrame(this->picture(i < 19 ? Qt::red : Qt::green));
     // All frames lie before this one in the queue: none was dropped or shown early.
     onUserInterfaceThread([&] {
-      dialog = openDialog<typename TestFixture::Dialog>();
+      dialog = this->open();
       last = this->shown();
     });
     shared->Close();
@@ -183,10 +183,10 @@ TYPED_TEST(DialogWrapperTest, WrapperAndDialogMayGoAtAnyMoment) {
     }));
     thread->start();
     EXPECT_TRUE(QTest::qWaitFor([&] { return passes > (letsGoAtOnce ? 0 : round); }));
-    if (!letsGoAtOnce) delete openDialog<typename TestFixture::Dialog>();
+    if (!letsGoAtOnce) delete this->open();
     gone = true;
     EXPECT_TRUE(QTest::qWaitFor([&] { return thread->isFinished() && watched.expired(); }));
-    EXPECT_EQ(openDialog<typename TestFixture::Dialog>(), nullptr);
+    EXPECT_EQ(this->open(), nullptr);
   }
 }
 
@@ -220,15 +220,13 @@ class AskingFilter : public QObject {
 
 class ShowRetryTest : public WrapperTest<CameraBarcodeWidgetWrapper> {
  protected:
-  bool isRetry() const {
-    return openDialog<Dialog>()->findChild<QWidget*>("camera_barcode_test_warning_container")->isVisible();
-  }
+  bool isRetry() const { return open()->findChild<QWidget*>("camera_barcode_test_warning_container")->isVisible(); }
 };
 
 TEST_F(ShowRetryTest, HappensOnTheUserInterfaceThreadBeforeTheTestGoesOn) {
   show({64, 48});
   AskingFilter filter;
-  for (QWidget* const part : openDialog<Dialog>()->findChildren<QWidget*>()) part->installEventFilter(&filter);
+  for (QWidget* const part : open()->findChildren<QWidget*>()) part->installEventFilter(&filter);
   bool switched = false;
   runOnWorkerThread([&] {
     wrapper->ShowRetry();
