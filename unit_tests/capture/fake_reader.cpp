@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <functional>
 #include <memory>
+#include <utility>
 
 #include <gtest/gtest.h>
 
@@ -14,10 +16,7 @@ using Microsoft::WRL::ComPtr;
 
 namespace {
 
-std::unique_ptr<ScriptedCapture>& state() {
-  static auto script = std::make_unique<ScriptedCapture>();
-  return script;
-}
+std::unique_ptr<ScriptedCapture> script = std::make_unique<ScriptedCapture>();
 
 bool fails(const std::string& call) {
   return scriptedCapture().failing.count(call) != 0;
@@ -62,13 +61,12 @@ class FakeReader : public FakeComObject<IMFSourceReader> {
   STDMETHODIMP GetNativeMediaType(DWORD, DWORD, IMFMediaType**) override { return E_NOTIMPL; }
   STDMETHODIMP GetCurrentMediaType(DWORD, IMFMediaType** type) override {
     if (fails("GetCurrentMediaType")) return E_FAIL;
-    const ScriptedCapture& script = scriptedCapture();
     ComPtr<IMFMediaType> made;
     MFCreateMediaType(&made);
-    made->SetGUID(MF_MT_SUBTYPE, script.subtype);
-    if (script.hasFrameSize) MFSetAttributeSize(made.Get(), MF_MT_FRAME_SIZE, script.width, script.height);
-    if (script.hasFrameRate) MFSetAttributeRatio(made.Get(), MF_MT_FRAME_RATE, 30, 1);
-    if (script.hasStride) made->SetUINT32(MF_MT_DEFAULT_STRIDE, static_cast<UINT32>(script.stride));
+    made->SetGUID(MF_MT_SUBTYPE, fails("subtype") ? MFVideoFormat_NV12 : MFVideoFormat_RGB32);
+    if (!fails("frame size")) MFSetAttributeSize(made.Get(), MF_MT_FRAME_SIZE, 2, 1);
+    if (!fails("frame rate")) MFSetAttributeRatio(made.Get(), MF_MT_FRAME_RATE, 30, 1);
+    if (script->stride) made->SetUINT32(MF_MT_DEFAULT_STRIDE, static_cast<UINT32>(*script->stride));
     *type = made.Detach();
     return S_OK;
   }
@@ -101,56 +99,32 @@ class FakeReader : public FakeComObject<IMFSourceReader> {
   int selections = 0;
 };
 
-/// A buffer of eight bytes.
+/// A buffer of eight bytes, of which only `length` and `lock` may fail.
 class FakeBuffer : public FakeComObject<IMFMediaBuffer> {
  public:
+  FakeBuffer(HRESULT length, std::function<HRESULT()> lock) : lengthAnswer(length), locking(std::move(lock)) {}
   STDMETHODIMP Lock(BYTE** data, DWORD*, DWORD*) override {
     *data = bytes.data();
+    const HRESULT hr = locking();
+    locked = SUCCEEDED(hr);
+    return hr;
+  }
+  STDMETHODIMP Unlock() override {
+    EXPECT_TRUE(std::exchange(locked, false)) << "unlocked what was not locked";
     return S_OK;
   }
-  STDMETHODIMP Unlock() override { return S_OK; }
   STDMETHODIMP GetCurrentLength(DWORD* length) override {
     *length = static_cast<DWORD>(bytes.size());
-    return S_OK;
+    return lengthAnswer;
   }
   STDMETHODIMP SetCurrentLength(DWORD) override { return E_NOTIMPL; }
   STDMETHODIMP GetMaxLength(DWORD*) override { return E_NOTIMPL; }
 
  private:
+  HRESULT lengthAnswer;
+  std::function<HRESULT()> locking;
+  bool locked = false;
   std::array<BYTE, 8> bytes{};
-};
-
-class GatedBuffer : public FakeBuffer {
- public:
-  explicit GatedBuffer(Gate& bufferGate) : gate(bufferGate) {}
-  STDMETHODIMP Lock(BYTE** data, DWORD* maximum, DWORD* length) override {
-    gate.reached.release();
-    gate.open.acquire();
-    return FakeBuffer::Lock(data, maximum, length);
-  }
-
- private:
-  Gate& gate;
-};
-
-class FaultyBuffer : public FakeBuffer {
- public:
-  explicit FaultyBuffer(BufferFault bufferFault) : fault(bufferFault) {}
-  STDMETHODIMP Lock(BYTE** data, DWORD*, DWORD*) override {
-    // What a failing call leaves here is no buffer.
-    *data = reinterpret_cast<BYTE*>(std::uintptr_t{1});
-    return E_FAIL;
-  }
-  STDMETHODIMP Unlock() override {
-    ADD_FAILURE() << "unlocked what was not locked";
-    return E_FAIL;
-  }
-  STDMETHODIMP GetCurrentLength(DWORD* length) override {
-    return fault == BufferFault::kGetLength ? MF_E_INVALIDREQUEST : FakeBuffer::GetCurrentLength(length);
-  }
-
- private:
-  BufferFault fault;
 };
 
 ComPtr<IMFSample> sampleOf(const ComPtr<IMFMediaBuffer>& buffer) {
@@ -264,11 +238,11 @@ std::vector<std::string> ScriptedCapture::cleanUp() const {
 }
 
 ScriptedCapture& scriptedCapture() {
-  return *state();
+  return *script;
 }
 
 void resetScriptedCapture() {
-  state() = std::make_unique<ScriptedCapture>();
+  script = std::make_unique<ScriptedCapture>();
 }
 
 ComPtr<IMFSample> makeSample(const std::vector<std::uint8_t>& bytes) {
@@ -283,12 +257,17 @@ ComPtr<IMFSample> makeSample(const std::vector<std::uint8_t>& bytes) {
 }
 
 ComPtr<IMFSample> makeGatedSample(Gate& gate) {
-  return sampleOf(ComPtr<IMFMediaBuffer>(new GatedBuffer(gate)));
+  return sampleOf(ComPtr<IMFMediaBuffer>(new FakeBuffer(S_OK, [&gate] {
+    gate.reached.release();
+    gate.open.acquire();
+    return S_OK;
+  })));
 }
 
 ComPtr<IMFSample> makeFaultySample(BufferFault fault) {
   if (fault == BufferFault::kGetBuffer) return sampleOf(nullptr);  // without a buffer
-  return sampleOf(ComPtr<IMFMediaBuffer>(new FaultyBuffer(fault)));
+  const HRESULT length = fault == BufferFault::kGetLength ? MF_E_INVALIDREQUEST : S_OK;
+  return sampleOf(ComPtr<IMFMediaBuffer>(new FakeBuffer(length, [] { return E_FAIL; })));
 }
 
 void broadcast(WPARAM event, const std::wstring& name, DWORD type) {

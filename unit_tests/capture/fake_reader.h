@@ -13,22 +13,18 @@
 #include <atomic>
 #include <cstdint>
 #include <mutex>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
 
 /// What Media Foundation and the system answer to the capturer, and what it did to them.
 struct ScriptedCapture {
-  /// Names of the calls that fail, as in "MFCreateDeviceSource" or "SetStreamSelection 2" (the second of a run).
+  /// Names of the calls that fail, as in "MFCreateDeviceSource" or "SetStreamSelection 2" (the second of a
+  /// run), and of what is wrong with the type that the camera settles on: "subtype", "frame size" or "frame rate".
   std::set<std::string> failing;
-  /// The type that the camera settles on.
-  GUID subtype = MFVideoFormat_RGB32;
-  bool hasFrameSize = true;
-  bool hasFrameRate = true;
-  bool hasStride = true;
-  std::int32_t stride = 8;
-  std::uint32_t width = 2;
-  std::uint32_t height = 1;
+  /// Of the type that the camera settles on, if it has any.
+  std::optional<std::int32_t> stride = 8;
 
   std::wstring openedLink;
   std::atomic<int> startUps{0};
