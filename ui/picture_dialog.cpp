@@ -28,7 +28,6 @@ void PictureDialog::prepareForScreenReader(std::initializer_list<QWidget*> reada
 void PictureDialog::storeResult(int answer) {
   if (resultTarget) *resultTarget = answer;
   setResult(answer);
-  if (dialogResultTarget) *dialogResultTarget = answer;
 }
 
 QImage PictureDialog::stretched(const QImage& image) const {

@@ -20,7 +20,7 @@ class PictureDialog : public InputDialog {
  public:
   /// The wrapper's result; null for none. Both targets must outlive the dialog.
   DialogResult* resultTarget = nullptr;
-  /// Follows QDialog::result(), which anybody may set, at the latest with the dialog's next event; null for none.
+  /// Follows QDialog::result(), which anybody may set, with each event of the dialog; null for none.
   DialogResult* dialogResultTarget = nullptr;
 
  protected:
@@ -31,7 +31,7 @@ class PictureDialog : public InputDialog {
   void useParts(QWidget* newHeader, QWidget* newCloseButton, QLabel* newView);
   /// Lets the keyboard reach `readable`, the first of which takes the focus, and describes what has no text.
   void prepareForScreenReader(std::initializer_list<QWidget*> readable);
-  /// Leaves the answer in the targets and in the dialog.
+  /// Leaves the answer in the wrapper and in the dialog.
   void storeResult(int answer);
   /// The image at the size in which it is shown; a null image stays one.
   [[nodiscard]] QImage stretched(const QImage& image) const;
