@@ -1,10 +1,12 @@
 #include "tests/camera_barcode_test.h"
 
+#include <QImage>
 #include <QThread>
 
 #include "module/host_services.h"
 #include "module/keys/camera_keys.h"
 #include "tests/barcode_steps.h"
+#include "tests/run_dialog.h"
 #include "ui/camera_barcode_widget_wrapper.h"
 #include "ui/dialog_result.h"
 

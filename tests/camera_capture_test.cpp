@@ -1,12 +1,16 @@
 #include "tests/camera_capture_test.h"
 
+#include <QImage>
+
 #include "module/host_services.h"
 #include "module/keys/camera_keys.h"
 #include "module/keys/dialog_keys.h"
 #include "module/keys/settings_keys.h"
+#include "tests/run_dialog.h"
 #include "tests/seconds.h"
 #include "ui/camera_widget_wrapper.h"
 #include "ui/dialog_result.h"
+#include "ui/input_request.h"
 
 namespace {
 

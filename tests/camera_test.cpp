@@ -1,5 +1,7 @@
 #include "tests/camera_test.h"
 
+#include <QImage>
+
 #include <algorithm>
 #include <string>
 

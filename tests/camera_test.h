@@ -1,8 +1,5 @@
 #pragma once
 
-#include <QImage>
-#include <QSize>
-
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -13,9 +10,9 @@
 #include "capture/camera_frame_capturer.h"
 #include "module/test.h"
 #include "module/test_execution_context.h"
-#include "ui/input_request.h"
 
 class CameraComponent;
+class QImage;
 
 /// What both diagnostics share: the checks before a run, the camera's start and its frames, the reports. Keeps nothing
 /// from run to run; all of it runs on the test's thread.
@@ -62,17 +59,10 @@ class CameraTest : public Test {
   [[nodiscard]] static std::optional<FrameFormat> readFormat(CameraFrameCapturer& capturer,
                                                              TestExecutionContext* context);
 
-  /// Has the host show the dialog of a new wrapper, runs `loop` over the wrapper and closes the dialog.
+  /// Has the host show the dialog of a new wrapper, runs `loop` over the wrapper and closes the dialog. Defined in
+  /// tests/run_dialog.h.
   template <class Wrapper, class Loop>
-  [[nodiscard]] static TestResult runDialog(const FrameFormat& format, TestExecutionContext* context, Loop loop) {
-    const QSize size(static_cast<int>(format.width), static_cast<int>(format.height));
-    const auto wrapper = std::make_shared<Wrapper>(size, context);
-    InputRequest request({}, {}, 1, InputRequest::kDialog, 0);
-    request.widget = wrapper.get();
-    const std::unique_ptr<Wrapper, EndOfRun> dialog(wrapper.get());
-    context->getProgressReporter()->submit(&request);
-    return loop(*wrapper);
-  }
+  [[nodiscard]] static TestResult runDialog(const FrameFormat& format, TestExecutionContext* context, Loop loop);
 
   /// Reports the host's current event if it ends the test, and returns whether it does.
   bool reportAbortEvent(TestExecutionContext* context);
