@@ -1,5 +1,6 @@
 #include "utils/platform/media_session.h"
 
+#include <windows.h>
 #include <mfapi.h>
 #include <objbase.h>
 

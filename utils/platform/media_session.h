@@ -1,7 +1,5 @@
 #pragma once
 
-#include <windows.h>
-
 namespace vexa::utils::platform {
 
 /// COM, apartment-threaded, and Media Foundation on the calling thread for as long as the object lives. Made and
