@@ -7,7 +7,6 @@
 #include <QZXing.h>
 
 #include <cstdio>
-#include <cstdlib>
 #include <string>
 
 #include "benchmarks/codeless_frames.h"
@@ -90,7 +89,13 @@ int main(int argc, char* argv[]) {
   const QGuiApplication application(argc, argv);
   Decoder decoder;
   if (argc > 1) {
-    countPages(static_cast<quint32>(std::atoi(argv[1])), decoder);
+    bool isNumber = false;
+    const quint32 pages = QString::fromLocal8Bit(argv[1]).toUInt(&isNumber);
+    if (!isNumber) {
+      std::fprintf(stderr, "error: \"%s\" is not a number of pages\n", argv[1]);
+      return 2;
+    }
+    countPages(pages, decoder);
     return 0;
   }
   std::printf("Milliseconds a frame, medians of %d. \"!\" marks more than %.0f times the desk's.\n", kRounds, kLimit);
