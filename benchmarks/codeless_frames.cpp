@@ -3,6 +3,8 @@
 #include <QFont>
 #include <QPainter>
 
+#include <algorithm>
+#include <cstdlib>
 #include <functional>
 #include <iterator>
 #include <random>
@@ -41,15 +43,15 @@ QImage drawStripes(QSize size, quint32 seed) {
 }
 
 QImage drawPage(QSize size, quint32 seed) {
-  static const char* const typefaces[] = {"DejaVu Sans", "DejaVu Serif", "DejaVu Sans Mono"};
-  static const char* const words[] = {"camera", "Model", "Made in", "warranty", "S/N", "4006381333931", "*LABEL39*",
-                                      "the",    "and",   "of",      "minimum",  "5V",  "illness",       "||| || |"};
+  static const char* const kTypefaces[] = {"DejaVu Sans", "DejaVu Serif", "DejaVu Sans Mono"};
+  static const char* const kWords[] = {"camera", "Model", "Made in", "warranty", "S/N", "4006381333931", "*LABEL39*",
+                                       "the",    "and",   "of",      "minimum",  "5V",  "illness",       "||| || |"};
   std::mt19937 engine(seed);
-  QFont font(QString::fromLatin1(typefaces[engine() % 3]));
+  QFont font(QString::fromLatin1(kTypefaces[engine() % 3]));
   font.setPixelSize(9 + static_cast<int>(engine() % 50));
   font.setBold(engine() % 2 == 1);
   QString text;
-  for (int i = 0; i < 1500; ++i) text += QLatin1String(words[engine() % std::size(words)]) + QLatin1Char(' ');
+  for (int i = 0; i < 1500; ++i) text += QLatin1String(kWords[engine() % std::size(kWords)]) + QLatin1Char(' ');
 
   QImage image = blank(size);
   QPainter painter(&image);

@@ -5,19 +5,19 @@
 /// The contents of a media buffer, for as long as it is locked.
 class BufferLock {
  public:
-  explicit BufferLock(IMFMediaBuffer* mediaBuffer) : buffer(mediaBuffer) {
-    if (FAILED(buffer->Lock(&bytes, nullptr, nullptr))) bytes = nullptr;
-  }
+  explicit BufferLock(IMFMediaBuffer* mediaBuffer)
+      : buffer(mediaBuffer), locked(SUCCEEDED(buffer->Lock(&bytes, nullptr, nullptr))) {}
   ~BufferLock() {
-    if (bytes) buffer->Unlock();
+    if (locked) buffer->Unlock();
   }
   BufferLock(const BufferLock&) = delete;
   BufferLock& operator=(const BufferLock&) = delete;
 
   /// Null when the buffer could not be locked.
-  [[nodiscard]] const BYTE* data() const { return bytes; }
+  [[nodiscard]] const BYTE* data() const { return locked ? bytes : nullptr; }
 
  private:
   IMFMediaBuffer* buffer;
   BYTE* bytes = nullptr;
+  bool locked;
 };

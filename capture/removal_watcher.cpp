@@ -3,8 +3,6 @@
 #include <windows.h>
 #include <dbt.h>
 
-#include <new>
-
 #include "utils/platform/narrow_text.h"
 
 namespace {
@@ -33,7 +31,7 @@ LRESULT CALLBACK windowProcedure(HWND window, UINT message, WPARAM wParam, LPARA
   const auto* device = message == WM_DEVICECHANGE && isRemoval(wParam) ? deviceInterface(lParam) : nullptr;
   try {
     if (device) (*removed)(vexa::utils::platform::narrowed(device->dbcc_name));
-  } catch (const std::bad_alloc&) {
+  } catch (...) {
     // Nothing may be thrown through the system's dispatcher. The reader tells of the removal, too.
   }
   return DefWindowProcW(window, message, wParam, lParam);

@@ -210,7 +210,7 @@ CaptureStatus WinCameraFrameCapturer::takeBuffer(IMFSample* sample) {
   if (FAILED(hr)) return static_cast<CaptureStatus>(hr);
 
   const BufferLock lock(buffer.Get());
-  // The frame before is shown once more rather than none: one bad buffer is not a broken camera.
+  // Deliberate: a buffer that cannot be locked shows the frame before once more. It costs an old frame.
   if (!lock.data()) return CaptureOk;
 
   if (frameDataSize < length && !growFrame(length)) return CaptureFailed;

@@ -26,10 +26,10 @@ class WinCameraFrameCapturer : public CameraFrameCapturer, public IMFSourceReade
   /// Does not stop a running capture.
   ~WinCameraFrameCapturer() override;
 
-  CaptureStatus start() override;
-  CaptureStatus getFrame(std::uint8_t*& buffer, std::uint32_t timeoutMs) override;
+  [[nodiscard]] CaptureStatus start() override;
+  [[nodiscard]] CaptureStatus getFrame(std::uint8_t*& buffer, std::uint32_t timeoutMs) override;
   CaptureStatus stop() override;
-  int getFrameFormat(FrameFormat& format) override;
+  [[nodiscard]] int getFrameFormat(FrameFormat& format) override;
 
   STDMETHODIMP QueryInterface(REFIID iid, void** object) override;
   STDMETHODIMP_(ULONG) AddRef() override;

@@ -15,6 +15,8 @@ class SystemComponentManager {
   explicit SystemComponentManager(const ItemId& managerVersion) : version(managerVersion) {}
   /// Deliberate: leaves the components alive. The host may hold one until the process ends; their memory is the price.
   virtual ~SystemComponentManager() = default;
+  SystemComponentManager(const SystemComponentManager&) = delete;
+  SystemComponentManager& operator=(const SystemComponentManager&) = delete;
 
   virtual ItemId getVersion();
   virtual std::size_t getComponentCount();

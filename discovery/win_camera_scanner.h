@@ -21,7 +21,7 @@ class WinCameraScanner : public CameraScanner {
   /// Refills `captureLinks`; they stay empty when Media Foundation fails. Needs a MediaSession.
   void enumerateCaptureLinks();
   /// Fills `cameras`, which are empty before; false when no search succeeded.
-  bool buildCameraList();
+  [[nodiscard]] bool buildCameraList();
   /// The cameras among the devices of one search.
   std::vector<CameraInfo> buildBatch(const DeviceMap& devices);
   /// An SPDRP text of a device of the last search; nothing when it has none.

@@ -5,6 +5,7 @@
 
 #include <cstring>
 #include <memory>
+#include <utility>
 
 #include "discovery/device_paths.h"
 #include "discovery/win_device_scan_filter.h"
@@ -39,7 +40,10 @@ std::optional<std::string> dosDeviceNames() {
   std::wstring names(kLongestName, L'\0');
   for (;;) {
     const DWORD length = QueryDosDeviceW(nullptr, names.data(), static_cast<DWORD>(names.size()));
-    if (length != 0) return narrowed({names.data(), length});
+    if (length != 0) {
+      std::string list = narrowed({names.data(), length});
+      return list.empty() ? std::nullopt : std::optional(std::move(list));
+    }
     if (GetLastError() != ERROR_INSUFFICIENT_BUFFER) return std::nullopt;
     names.resize(names.size() * 2);
   }
@@ -66,7 +70,7 @@ std::uint32_t WinDeviceInterfaceScanner::search(const DeviceScanFilter& filter, 
   if (!openDevices(filter)) return 1;
 
   // A device whose id cannot be read contributes nothing; the others still count.
-  for (std::uint32_t index = 0; index < devices.size(); ++index) addInterfaces(index, found);
+  for (std::uint32_t index = 0; index < devices.size(); ++index) static_cast<void>(addInterfaces(index, found));
   return 0;
 }
 
@@ -164,7 +168,9 @@ std::optional<std::string> WinDeviceInterfaceScanner::parentId(std::uint32_t ind
   std::wstring id(length, L'\0');
   // The string's own terminating zero is the last of the length + 1 characters that the call may write.
   if (CM_Get_Device_IDW(parent, id.data(), length + 1, 0) != CR_SUCCESS) return std::nullopt;
-  return narrowed(id);
+  std::string narrowId = narrowed(id);
+  // An empty id would be a part of every other.
+  return narrowId.empty() ? std::nullopt : std::optional(std::move(narrowId));
 }
 
 std::uint32_t WinDeviceInterfaceScanner::getParentInterfacePath(const DeviceScanFilter& filter, std::uint32_t index,

@@ -44,9 +44,9 @@ class WinDeviceInterfaceScanner : public DeviceInterfaceScanner {
 
  private:
   /// Opens the set and fills `devices`; false when there is none to open.
-  bool openDevices(const DeviceScanFilter& filter);
+  [[nodiscard]] bool openDevices(const DeviceScanFilter& filter);
   /// Adds the interfaces of `devices[index]`; false when its instance id cannot be read.
-  bool addInterfaces(std::uint32_t index, DeviceMap& found);
+  [[nodiscard]] bool addInterfaces(std::uint32_t index, DeviceMap& found);
   /// The device instance id of the parent of `devices[index]`.
   std::optional<std::string> parentId(std::uint32_t index) const;
 

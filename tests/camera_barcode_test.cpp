@@ -31,7 +31,7 @@ TestResult CameraBarcodeTest::run(TestExecutionContext* context) {
 
   configureDecoder(decoder);
   result = scan(*capture, context);
-  capture.reset();
+  capture.end();
   reportResult(result, context);
   report(context, 100);
   return result;

@@ -57,7 +57,7 @@ TestResult CameraCaptureTest::run(TestExecutionContext* context) {
   if (!capture) return result;
   result = showLivePicture(*capture, context);
   // Before the question: nobody needs the camera while the user thinks.
-  capture.reset();
+  capture.end();
   if (result == kTestPassed) result = askImageQuestion(context);
   report(context, 100);
   return result;

@@ -3,6 +3,7 @@
 #include <QImage>
 
 #include <algorithm>
+#include <memory>
 #include <string>
 
 #include "discovery/camera_component.h"
@@ -72,9 +73,11 @@ std::pair<CameraComponent*, TestResult> CameraTest::admit(TestExecutionContext* 
 std::pair<CameraTest::RunningCapture, TestResult> CameraTest::start(CameraComponent& camera,
                                                                     TestExecutionContext* context) {
   report(context, 30);
-  RunningCapture capture(camera.getFrameCapturer());
+  RunningCapture capture(*camera.getFrameCapturer());
   if (const CaptureStatus status = capture->start(); status != CaptureOk) {
-    return {nullptr, reportFailure(context, kStartFailures, status)};
+    const TestResult result = reportFailure(context, kStartFailures, status);
+    capture.end();
+    return {RunningCapture(), result};
   }
   report(context, 50);
   return {std::move(capture), kTestPassed};

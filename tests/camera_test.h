@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <optional>
 #include <span>
 #include <string_view>
@@ -10,6 +9,7 @@
 #include "capture/camera_frame_capturer.h"
 #include "module/test.h"
 #include "module/test_execution_context.h"
+#include "tests/end_of_run.h"
 
 class CameraComponent;
 class QImage;
@@ -40,19 +40,11 @@ class CameraTest : public Test {
   [[nodiscard]] static CaptureStatus nextFrame(CameraFrameCapturer& capturer, const FrameFormat& format, QImage& frame);
 
  protected:
-  /// Stops the capture and closes the dialog on every way out of a run, the host's exceptions included.
-  struct EndOfRun {
-    void operator()(CameraFrameCapturer* capturer) const { capturer->stop(); }
-    template <class Wrapper>
-    void operator()(Wrapper* wrapper) const {
-      wrapper->Close();
-    }
-  };
-  using RunningCapture = std::unique_ptr<CameraFrameCapturer, EndOfRun>;
+  using RunningCapture = EndOfRun<CameraFrameCapturer, &CameraFrameCapturer::stop>;
 
   /// The first steps of a run: the camera under test, or null and the result with which the run is over.
   [[nodiscard]] std::pair<CameraComponent*, TestResult> admit(TestExecutionContext* context);
-  /// Starts the camera. On failure reports it, stops the capturer again and returns null and the result.
+  /// Starts the camera. On failure reports it, stops the capturer again and returns no capture and the result.
   [[nodiscard]] static std::pair<RunningCapture, TestResult> start(CameraComponent& camera,
                                                                    TestExecutionContext* context);
   /// The format of the frames to come, or nothing after a failure that it reported; the result is then kTestError.

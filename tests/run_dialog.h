@@ -13,7 +13,9 @@ TestResult CameraTest::runDialog(const FrameFormat& format, TestExecutionContext
   const auto wrapper = std::make_shared<Wrapper>(size, context);
   InputRequest request({}, {}, 1, InputRequest::kDialog, 0);
   request.widget = wrapper.get();
-  const std::unique_ptr<Wrapper, EndOfRun> dialog(wrapper.get());
+  EndOfRun<Wrapper, &Wrapper::Close> dialog(*wrapper);
   context->getProgressReporter()->submit(&request);
-  return loop(*wrapper);
+  const TestResult result = loop(*wrapper);
+  dialog.end();
+  return result;
 }

@@ -28,6 +28,8 @@ void PictureDialog::prepareForScreenReader(std::initializer_list<QWidget*> reada
 void PictureDialog::storeResult(int answer) {
   if (resultTarget) *resultTarget = answer;
   setResult(answer);
+  // No event may follow before the dialog's end.
+  if (dialogResultTarget) *dialogResultTarget = answer;
 }
 
 QImage PictureDialog::stretched(const QImage& image) const {

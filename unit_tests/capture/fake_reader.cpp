@@ -59,8 +59,8 @@ class FakeReader : public FakeComObject<IMFSourceReader> {
     return expected ? answer("SetStreamSelection " + std::to_string(selections)) : E_INVALIDARG;
   }
   STDMETHODIMP GetNativeMediaType(DWORD, DWORD, IMFMediaType**) override { return E_NOTIMPL; }
-  STDMETHODIMP GetCurrentMediaType(DWORD, IMFMediaType** type) override {
-    if (fails("GetCurrentMediaType")) return E_FAIL;
+  STDMETHODIMP GetCurrentMediaType(DWORD stream, IMFMediaType** type) override {
+    if (fails("GetCurrentMediaType") || stream != kFirstVideoStream) return E_FAIL;
     ComPtr<IMFMediaType> made;
     MFCreateMediaType(&made);
     made->SetGUID(MF_MT_SUBTYPE, fails("subtype") ? MFVideoFormat_NV12 : MFVideoFormat_RGB32);
@@ -70,14 +70,14 @@ class FakeReader : public FakeComObject<IMFSourceReader> {
     *type = made.Detach();
     return S_OK;
   }
-  STDMETHODIMP SetCurrentMediaType(DWORD stream, DWORD*, IMFMediaType* type) override {
+  STDMETHODIMP SetCurrentMediaType(DWORD stream, DWORD* reserved, IMFMediaType* type) override {
     GUID major = {};
     GUID subtype = {};
     type->GetGUID(MF_MT_MAJOR_TYPE, &major);
     type->GetGUID(MF_MT_SUBTYPE, &subtype);
-    if (stream != kFirstVideoStream || major != MFMediaType_Video || subtype != MFVideoFormat_RGB32)
-      return E_INVALIDARG;
-    return answer("SetCurrentMediaType");
+    const bool expected =
+        stream == kFirstVideoStream && !reserved && major == MFMediaType_Video && subtype == MFVideoFormat_RGB32;
+    return expected ? answer("SetCurrentMediaType") : E_INVALIDARG;
   }
   STDMETHODIMP SetCurrentPosition(REFGUID, REFPROPVARIANT) override { return E_NOTIMPL; }
   STDMETHODIMP ReadSample(DWORD stream, DWORD flags, DWORD* index, DWORD* streamFlags, LONGLONG* time,
@@ -155,6 +155,13 @@ BOOL WINAPI unregisterNotification(HDEVNOTIFY notification) {
   return real(notification);
 }
 
+HWND WINAPI createWindow(DWORD extendedStyle, LPCWSTR name, LPCWSTR title, DWORD style, int x, int y, int width,
+                         int height, HWND parent, HMENU menu, HINSTANCE program, LPVOID parameter) {
+  if (fails("CreateWindow")) return nullptr;
+  static const auto real = systemFunction<decltype(CreateWindowExW)>(L"user32", "CreateWindowExW");
+  return real(extendedStyle, name, title, style, x, y, width, height, parent, menu, program, parameter);
+}
+
 BOOL WINAPI destroyWindow(HWND window) {
   scriptedCapture().note("DestroyWindow");
   static const auto real = systemFunction<decltype(DestroyWindow)>(L"user32", "DestroyWindow");
@@ -184,6 +191,7 @@ void WINAPI uninitializeCom() {
 
 SUBSTITUTE_IMPORT(RegisterDeviceNotificationW, registerNotification);
 SUBSTITUTE_IMPORT(UnregisterDeviceNotification, unregisterNotification);
+SUBSTITUTE_IMPORT(CreateWindowExW, createWindow);
 SUBSTITUTE_IMPORT(DestroyWindow, destroyWindow);
 SUBSTITUTE_IMPORT(SendMessageW, sendMessage);
 SUBSTITUTE_IMPORT(UnregisterClassW, unregisterClass);

@@ -8,7 +8,8 @@ class MediaSession {
  public:
   /// What the end of a session undoes.
   enum class Ending {
-    /// Only what came up. A scan runs on a thread of the host, whose own apartment it must not end.
+    /// Only what came up; an apartment of another kind, which the thread had before, counts as come up. For a scan,
+    /// which runs on a thread of the host.
     kWhatStarted,
     /// Media Foundation and COM, whatever came up. The capture's worker owns its thread and has one clean-up for every
     /// way out; that both calls are made on each of them is required. After a start that failed it costs a host that

@@ -6,8 +6,8 @@
 #include <QRect>
 #include <QScreen>
 
-#include <bit>
 #include <memory>
+#include <new>
 #include <vector>
 
 #include "module/host_services.h"
@@ -21,7 +21,7 @@ struct UnloadByHost {
 
 template <class Function>
 Function find(void* library, const char* name) {
-  return std::bit_cast<Function>(GetProcAddress(static_cast<HMODULE>(library), name));
+  return reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(static_cast<HMODULE>(library), name)));
 }
 
 // shcore.dll is looked up at run time, so its enumerations are passed as the integers that they are.
@@ -30,9 +30,11 @@ using GetDpiForMonitorFunction = HRESULT(WINAPI*)(HMONITOR monitor, int kind, UI
 constexpr int kPerMonitorAware = 2;
 constexpr int kEffectiveDpi = 0;
 
-BOOL CALLBACK appendMonitor(HMONITOR monitor, HDC, RECT*, LPARAM list) {
+BOOL CALLBACK appendMonitor(HMONITOR monitor, HDC, RECT*, LPARAM list) try {
   reinterpret_cast<std::vector<HMONITOR>*>(list)->push_back(monitor);
   return TRUE;
+} catch (const std::bad_alloc&) {
+  return FALSE;
 }
 
 std::vector<HMONITOR> allMonitors() {
