@@ -1,11 +1,14 @@
-// The finished DLL as a host sees it: three exports, and objects that are called by place alone.
+// The finished DLL as a host sees it that has only the tables of its objects: three exports, and virtual operations
+// that are called by their places.
 
 #include <windows.h>
 
 #include <QProcess>
 #include <QTemporaryFile>
 
+#include <cstddef>
 #include <cstdint>
+#include <filesystem>
 #include <map>
 #include <stdexcept>
 #include <string>
@@ -14,9 +17,76 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "by_place.h"
-
 namespace {
+
+/// Any function; every entry of a table is cast to what it is.
+using Entry = void (*)();
+
+/// What every object of the module and of the host begins with.
+struct Object {
+  const Entry* table;
+};
+
+/// Place 1 is the destructor, which takes the entries 0 and 1 of this compiler's tables; place n is entry n.
+template <class Result, class... Arguments>
+Result call(void* object, std::size_t place, Arguments... arguments) {
+  const Entry entry = static_cast<Object*>(object)->table[place];
+  return reinterpret_cast<Result (*)(void*, Arguments...)>(entry)(object, arguments...);
+}
+
+/// The field of type `Field` that begins `offset` bytes behind the start of the object.
+template <class Field>
+Field& fieldAt(void* object, std::size_t offset) {
+  return *reinterpret_cast<Field*>(static_cast<std::byte*>(object) + offset);
+}
+
+/// The identifier record, which is passed by value and keys the maps.
+struct Identifier {
+  std::uint16_t module;
+  std::uint32_t diagnostic;
+  std::uint32_t test;
+  std::uint64_t key;
+
+  bool operator<(const Identifier& other) const { return key < other.key; }
+  bool operator==(const Identifier&) const = default;
+};
+
+constexpr Identifier kModule{17, 0, 0, 0x11000000000000};
+constexpr Identifier kDiagnostic{17, 1, 0, 0x11000001000000};
+constexpr Identifier kCapture{17, 1, 1, 0x11000001000001};
+constexpr Identifier kBarcode{17, 1, 2, 0x11000001000002};
+
+/// The module's DLL, loaded from where it lies, with the libraries that lie beside it.
+class LoadedModule {
+ public:
+  LoadedModule() {
+    if (!library) throw std::runtime_error("the module could not be loaded: " + std::to_string(GetLastError()));
+  }
+  ~LoadedModule() {
+    release();
+    FreeLibrary(library);
+  }
+  LoadedModule(const LoadedModule&) = delete;
+
+  void* instance() { return function<void*()>("GetModuleInterfaceInstance")(); }
+  void release() { function<void()>("ReleaseModuleInterfaceInstance")(); }
+  void* productVersion() { return function<void*()>("GetProductVersion")(); }
+
+  void* diagnostic() { return call<void*>(instance(), 2, std::uint32_t{0}); }
+  void* test(std::uint32_t index) { return call<void*>(diagnostic(), 4, index); }
+
+  static std::wstring path() { return std::filesystem::absolute(MODULE).make_preferred().wstring(); }
+
+ private:
+  template <class Function>
+  Function* function(const char* name) {
+    const FARPROC address = GetProcAddress(library, name);
+    if (!address) throw std::runtime_error(std::string("the module exports no ") + name);
+    return reinterpret_cast<Function*>(reinterpret_cast<Entry>(address));
+  }
+
+  const HMODULE library = LoadLibraryExW(path().c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
+};
 
 using Aliases = std::map<Identifier, struct Alias>;
 using NumberedTexts = std::map<std::int32_t, std::string>;
@@ -67,13 +137,8 @@ class ModuleContract : public testing::Test {
   LoadedModule module;
 };
 
-TEST_F(ModuleContract, ReleasingBeforeTheModuleWasBuiltDoesNothing) {
-  module.release();
-  module.release();
-  EXPECT_NE(module.instance(), nullptr);
-}
-
 TEST_F(ModuleContract, TheModuleIsOneObjectUntilReleasedAndIsThenBuiltAnew) {
+  module.release();  // before it was built
   void* const first = module.instance();
   ASSERT_NE(first, nullptr);
   EXPECT_EQ(module.instance(), first);
@@ -89,12 +154,9 @@ TEST_F(ModuleContract, TheModuleIsOneObjectUntilReleasedAndIsThenBuiltAnew) {
 
 TEST_F(ModuleContract, ModuleInterface) {
   void* const object = module.instance();
-  EXPECT_NE(call<void*>(object, 2, std::uint32_t{0}), nullptr);
   EXPECT_EQ(call<void*>(object, 2, std::uint32_t{1}), nullptr);
   EXPECT_EQ(call<void*>(object, 2, ~std::uint32_t{0}), nullptr);
   EXPECT_EQ(call<std::size_t>(object, 3), 1u);
-  EXPECT_NE(call<void*>(object, 4), nullptr);
-  EXPECT_NE(call<void*>(object, 5), nullptr);
   EXPECT_EQ(call<void*>(object, 6, std::uint32_t{0}), nullptr);
   EXPECT_EQ(call<std::size_t>(object, 7), 0u);
   EXPECT_EQ(call<void*>(object, 8), nullptr);

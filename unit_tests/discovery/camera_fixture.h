@@ -11,7 +11,6 @@
 #include "unit_tests/fakes/fake_com_object.h"
 #include "unit_tests/fakes/fake_host_services.h"
 #include "unit_tests/fakes/scripted_media_foundation.h"
-#include "unit_tests/fakes/scripted_registry.h"
 #include "unit_tests/fakes/scripted_setupapi.h"
 #include "unit_tests/fakes/system_script.h"
 
@@ -50,6 +49,7 @@ class CameraFixture : public testing::Test {
   }
 
   static void setDriverVersion(const std::wstring& driverKey, const std::wstring& version) {
-    scriptedRegistry().texts[{L"SYSTEM\\CurrentControlSet\\Control\\Class\\" + driverKey, L"DriverVersion"}] = version;
+    scriptedSetupApi().registryTexts[{L"SYSTEM\\CurrentControlSet\\Control\\Class\\" + driverKey, L"DriverVersion"}] =
+        version;
   }
 };

@@ -1,7 +1,6 @@
 #include <gmock/gmock.h>
 
 #include "discovery/camera_component.h"
-#include "discovery/system_component_manager.h"
 
 namespace {
 
@@ -19,11 +18,6 @@ class DescribedCamera : public CameraComponent {
     id = "7";
   }
   CameraFrameCapturer* getFrameCapturer() override { return nullptr; }
-};
-
-class Manager : public SystemComponentManager {
- public:
-  explicit Manager(SystemComponent* component) : SystemComponentManager(ItemId(17, 1, 2)) { components = {component}; }
 };
 
 TEST(ComponentModel, aCameraDescribesItselfAndGivesFixedAnswers) {
@@ -44,15 +38,6 @@ TEST(ComponentModel, aCameraDescribesItselfAndGivesFixedAnswers) {
   camera.hostHookAtPlace10();
   camera.hostHookAtPlace11();
   EXPECT_EQ(camera.getDescription().properties, description.properties) << "the hooks do nothing";
-}
-
-TEST(ComponentModel, aManagerKnowsItsComponentsByIndex) {
-  DescribedCamera camera;
-  Manager manager(&camera);
-  EXPECT_EQ(manager.getVersion().key, ItemId(17, 1, 2).key);
-  EXPECT_EQ(manager.getComponentCount(), 1u);
-  EXPECT_EQ(manager.getComponent(0), &camera);
-  EXPECT_EQ(manager.getComponent(1), nullptr);
 }
 
 }  // namespace

@@ -2,7 +2,7 @@
 
 #include <windows.h>
 
-#include <sstream>
+#include <QString>
 
 #include <gmock/gmock.h>
 
@@ -27,19 +27,14 @@ DWORD WINAPI queryDosDevice(LPCWSTR, LPWSTR buffer, DWORD size) {
 HANDLE WINAPI createFile(LPCWSTR path, DWORD access, DWORD share, LPSECURITY_ATTRIBUTES, DWORD disposition, DWORD flags,
                          HANDLE) {
   if (systemScript().fails("CreateFileW")) return SetLastError(ERROR_SHARING_VIOLATION), INVALID_HANDLE_VALUE;
-  std::ostringstream arguments;
-  arguments << std::string(path, path + wcslen(path)) << std::hex << ' ' << access << ' ' << share << ' ' << disposition
-            << ' ' << flags;
-  systemScript().note(arguments.str());
+  systemScript().note(QString::asprintf("%ls %lx %lx %lx %lx", path, access, share, disposition, flags).toStdString());
   return CreateEventW(nullptr, TRUE, FALSE, nullptr);
 }
 
 /// Starts an operation that ends later, as a device that is opened for overlapped use does.
 BOOL WINAPI deviceIoControl(HANDLE, DWORD code, LPVOID, DWORD, LPVOID, DWORD, LPDWORD, LPOVERLAPPED operation) {
   eventOfOperation = operation ? operation->hEvent : nullptr;
-  std::ostringstream text;
-  text << std::hex << code;
-  systemScript().note(text.str());
+  systemScript().note(QString::number(code, 16).toStdString());
   SetLastError(systemScript().fails("DeviceIoControl") ? ERROR_ACCESS_DENIED : ERROR_IO_PENDING);
   return FALSE;
 }

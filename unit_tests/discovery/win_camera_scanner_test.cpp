@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <set>
+#include <tuple>
 
 #include <gmock/gmock.h>
 
@@ -42,38 +43,31 @@ TEST_F(WinCameraScannerTest, fillsTheRecordOfACamera) {
   setDriverVersion(L"{ca3e7ab9}\\0003", L"10.0.1");
 
   const CameraInfo camera = onlyCamera();
-  EXPECT_EQ(camera.devicePath, "\\\\?\\usb#Vid_1#{e5}");
-  EXPECT_EQ(camera.name, "Name of USB\\1");
-  EXPECT_EQ(camera.manufacturer, "Acme");
-  EXPECT_EQ(camera.description, "Description");
-  EXPECT_EQ(camera.hardwareId, "First");
-  EXPECT_EQ(camera.classGuid, "{ca3e7ab9}");
-  EXPECT_EQ(camera.driverKey, "{ca3e7ab9}\\0003");
-  EXPECT_EQ(camera.driverVersion, "10.0.1");
+  EXPECT_THAT((std::vector{camera.devicePath, camera.name, camera.manufacturer, camera.description, camera.hardwareId,
+                           camera.classGuid, camera.driverKey, camera.driverVersion}),
+              ElementsAre("\\\\?\\usb#Vid_1#{e5}", "Name of USB\\1", "Acme", "Description", "First", "{ca3e7ab9}",
+                          "{ca3e7ab9}\\0003", "10.0.1"));
   EXPECT_EQ(camera.type, CameraType::kUsb);
-  EXPECT_THAT(scriptedRegistry().bufferSizes, ElementsAre(2 * 7 * sizeof(wchar_t))) << "twice as large, deliberately";
+  EXPECT_THAT(scriptedSetupApi().registryTextSizes, ElementsAre(2 * 7 * sizeof(wchar_t)))
+      << "twice as large, deliberately";
 }
 
 TEST_F(WinCameraScannerTest, namesACameraByTheFirstNameThatThereIs) {
-  struct Case {
-    CameraType type;
-    bool hasFriendlyName;
-    std::optional<std::wstring> interfaceName;
-    const char* expected;
-  };
-  for (const Case& wanted : {Case{CameraType::kUsb, true, L"Pin", "Name of A"},
-                             {CameraType::kUsb, false, L"Pin", "Pin"},
-                             {CameraType::kUsb, false, {}, "AcmeUSB Camera"},
-                             {CameraType::kInternal, false, {}, "AcmeInternal Camera"}}) {
+  using Case = std::tuple<CameraType, bool, std::optional<std::wstring>, const char*>;
+  for (const auto& [type, hasFriendlyName, interfaceName, expected] :
+       {Case{CameraType::kUsb, true, L"Pin", "Name of A"},
+        {CameraType::kUsb, false, L"Pin", "Pin"},
+        {CameraType::kUsb, false, {}, "AcmeUSB Camera"},
+        {CameraType::kInternal, false, {}, "AcmeInternal Camera"}}) {
     reset();
     ScriptedDevice& device =
-        plugInCamera(L"A", kCameraSetupClass, wanted.type == CameraType::kUsb ? L"\\\\?\\usb#1" : L"\\\\?\\display#1");
+        plugInCamera(L"A", kCameraSetupClass, type == CameraType::kUsb ? L"\\\\?\\usb#1" : L"\\\\?\\display#1");
     // A friendly name of size zero counts as absent.
-    if (!wanted.hasFriendlyName) device.properties[SPDRP_FRIENDLYNAME] = L"";
-    device.interfaces[0].name = wanted.interfaceName;
+    if (!hasFriendlyName) device.properties[SPDRP_FRIENDLYNAME] = L"";
+    device.interfaces[0].name = interfaceName;
     const CameraInfo camera = onlyCamera();
-    EXPECT_EQ(camera.name, wanted.expected);
-    EXPECT_EQ(camera.type, wanted.type) << camera.name;
+    EXPECT_EQ(camera.name, expected);
+    EXPECT_EQ(camera.type, type) << camera.name;
   }
 }
 

@@ -7,13 +7,11 @@
 /// How many fake COM objects of all kinds exist.
 inline std::atomic<int> fakeComObjects{0};
 
-/// A COM object that is counted. A fake overrides what its test needs of `Interface`.
-template <class Interface>
-class FakeComObject : public ComObject<Interface, Interface> {
+/// A COM object that is counted. A fake overrides what its test needs of `Base`, which is `Interface` or implements it.
+template <class Base, class Interface = Base>
+class FakeComObject : public ComObject<Base, Interface> {
  public:
   FakeComObject() { ++fakeComObjects; }
-  FakeComObject(const FakeComObject&) = delete;
-  FakeComObject& operator=(const FakeComObject&) = delete;
 
  protected:
   ~FakeComObject() override { --fakeComObjects; }

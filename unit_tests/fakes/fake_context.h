@@ -16,13 +16,8 @@
 #include "module/test_execution_context.h"
 #include "ui/input_request.h"
 
-/// One thing that a test told its host: a progress, or a message when `percent` is -1.
-struct Told {
-  int percent = -1;
-  std::string text;
-
-  bool operator==(const Told&) const = default;
-};
+/// One thing that a test told its host: a progress's percentage and text, or -1 and a message's key.
+using Told = std::pair<int, std::string>;
 
 inline Told progress(int percent, std::string text = {}) {
   return {percent, std::move(text)};
@@ -32,10 +27,6 @@ inline Told message(std::string key) {
 }
 /// Both halves of a final report, in their order.
 #define FINAL_REPORT(key) progress(100, key), message(key)
-
-inline void PrintTo(const Told& told, std::ostream* out) {
-  *out << (told.percent < 0 ? "message" : std::to_string(told.percent) + " %") << " \"" << told.text << '"';
-}
 
 /// A host that writes down what a test tells it, in order, and answers requests as the test case says.
 class FakeContext : public TestExecutionContext, public MessageList, public ProgressReporter, public EventSource {

@@ -100,13 +100,6 @@ SUBSTITUTE_IMPORT(EnumDisplayMonitors, eachMonitor);
 SUBSTITUTE_IMPORT(GetMonitorInfoW, monitorInfo);
 SUBSTITUTE_IMPORT(GetProcAddress, procedure);
 
-bool sendNativeMessage(const QByteArray& eventType, std::uint32_t number) {
-  MSG message{};
-  message.message = number;
-  qintptr result = 0;
-  return QAbstractEventDispatcher::instance()->filterNativeEvent(eventType, &message, &result);
-}
-
 #else
 
 bool vexa::utils::platform::IsNarratorRunning() {
@@ -139,9 +132,15 @@ QList<QColor> HighContrastEventFilter::ReadSystemColors() const {
 
 }  // namespace vexa::utils::event_filters
 
-bool sendNativeMessage(const QByteArray& eventType, std::uint32_t number) {
-  qintptr result = 0;
-  return QAbstractEventDispatcher::instance()->filterNativeEvent(eventType, &number, &result);
-}
-
 #endif
+
+bool sendNativeMessage(const QByteArray& eventType, std::uint32_t number) {
+#ifdef _WIN32
+  MSG message{};
+  message.message = number;
+#else
+  std::uint32_t message = number;
+#endif
+  qintptr result = 0;
+  return QAbstractEventDispatcher::instance()->filterNativeEvent(eventType, &message, &result);
+}

@@ -8,14 +8,22 @@
 #include <new>
 
 #include "unit_tests/fakes/scripted_media_foundation.h"
-#include "unit_tests/fakes/scripted_registry.h"
 #include "unit_tests/fakes/scripted_setupapi.h"
 
 namespace {
 
 std::atomic<int> arrays{0};
 
+int WINAPI toMultiByte(UINT codePage, DWORD flags, LPCWCH text, int length, LPSTR buffer, int size, LPCCH replacement,
+                       LPBOOL replaced) {
+  static const auto real = systemFunction<decltype(WideCharToMultiByte)>(L"kernel32", "WideCharToMultiByte");
+  if (systemScript().fails("WideCharToMultiByte")) return 0;
+  return real(codePage, flags, text, length, buffer, size, replacement, replaced);
+}
+
 }  // namespace
+
+SUBSTITUTE_IMPORT(WideCharToMultiByte, toMultiByte);
 
 void* operator new[](std::size_t size) {
   void* block = std::malloc(size);
@@ -33,29 +41,8 @@ void operator delete[](void* block, std::size_t) noexcept {
   operator delete[](block);
 }
 
-namespace {
-
-int WINAPI toMultiByte(UINT codePage, DWORD flags, LPCWCH text, int length, LPSTR buffer, int size, LPCCH replacement,
-                       LPBOOL replaced) {
-  static const auto real = systemFunction<decltype(WideCharToMultiByte)>(L"kernel32", "WideCharToMultiByte");
-  if (systemScript().fails("WideCharToMultiByte")) return 0;
-  return real(codePage, flags, text, length, buffer, size, replacement, replaced);
-}
-
-}  // namespace
-
-SUBSTITUTE_IMPORT(WideCharToMultiByte, toMultiByte);
-
 int liveArrays() {
   return arrays;
-}
-
-void SystemScript::failCall(const std::string& function, int nth) {
-  failing[function] = nth;
-}
-
-void SystemScript::failAnyCall(int nth) {
-  failingCall = nth;
 }
 
 bool SystemScript::fails(const std::string& function) {
@@ -66,18 +53,6 @@ bool SystemScript::fails(const std::string& function) {
                     (wanted != failing.end() && (wanted->second == 0 || wanted->second == calls(function)));
   if (fail) failed = function;
   return fail;
-}
-
-void SystemScript::note(const std::string& function) {
-  history.push_back(function);
-}
-
-void SystemScript::acquire(const std::string& kind) {
-  ++balance[kind];
-}
-
-void SystemScript::release(const std::string& kind) {
-  --balance[kind];
 }
 
 int SystemScript::calls(const std::string& function) const {
@@ -98,6 +73,5 @@ SystemScript& systemScript() {
 void resetSystemScript() {
   systemScript() = SystemScript();
   scriptedSetupApi() = ScriptedSetupApi();
-  scriptedRegistry() = ScriptedRegistry();
   scriptedMediaFoundation() = ScriptedMediaFoundation();
 }

@@ -1,43 +1,16 @@
 #include "tests/camera_capture_test.h"
 
-#include <QLabel>
-
 #include <stdexcept>
+#include <tuple>
 
-#include "module/identifiers.h"
 #include "unit_tests/tests/camera_test_fixture.h"
 
 namespace {
 
-class CaptureRun : public CameraTestFixture {
- protected:
-  static std::vector<Told> untilPictureAnd(std::vector<Told> more) {
-    return joined(
-        {{progress(0), progress(1), progress(30), message("(started)"), progress(50), progress(50)}, std::move(more)});
-  }
-  TestResult run() {
-    context.told.clear();
-    return test.run(&context);
-  }
-  void setTimeout(const std::string& seconds) { test.configure({{"ORCA", {{"ORCA_TEST_TIMEOUT", seconds}}}}, 0); }
-
-  CameraCaptureTest test{kCaptureTestId};
+struct CaptureRun : public CameraTestFixture {
+  CaptureRun() : CameraTestFixture(true) {}
+  void setTimeout(const std::string& seconds) { test->configure({{"ORCA", {{"ORCA_TEST_TIMEOUT", seconds}}}}, 0); }
 };
-
-struct QuestionCase {
-  std::uint32_t answer;
-  TestResult result;
-  std::vector<Told> told;
-};
-
-class CaptureRunQuestion : public CaptureRun, public testing::WithParamInterface<QuestionCase> {};
-
-struct Settings {
-  TestSettings settings;
-  int frames;
-};
-
-class CaptureRunSettings : public CaptureRun, public testing::WithParamInterface<Settings> {};
 
 }  // namespace
 
@@ -58,21 +31,20 @@ TEST_F(CaptureRun, AnUnconfirmedMessageEndsTheTestWithoutTheCameraAndAnEventIsRe
             (std::vector<Told>{progress(0), progress(1), progress(100), FINAL_REPORT("TEST_ABORTED_BY_EVENT")}));
 }
 
-TEST_P(CaptureRunQuestion, DecidesTheResultAfterTheCameraWasStopped) {
+TEST_F(CaptureRun, TheAnswerDecidesTheResultAfterTheCameraWasStopped) {
   setTimeout("0");
-  questionAnswer = GetParam().answer;
-  EXPECT_EQ(run(), GetParam().result);
-  EXPECT_EQ(
-      context.told,
-      untilPictureAnd(joined({{message("(stopped)"), progress(80)}, GetParam().told, {progress(100), progress(100)}})));
-  EXPECT_EQ(context.requests, (std::vector<std::string>{"INITIAL_MESSAGE", "", "CHECK_CAMERA_IMAGE"}));
-  EXPECT_EQ(capturer.framesTaken, 1);
+  const std::vector<Told> failure = {FINAL_REPORT("CAMERA_RESULT_FAILED")};
+  for (const auto& [answer, result, told] :
+       {std::tuple(3u, 0u, std::vector<Told>()), {4u, 1u, failure}, {0u, 4u, {}}, {1u, 4u, {}}}) {
+    questionAnswer = answer;
+    context.requests.clear();
+    EXPECT_EQ(run(), result);
+    EXPECT_EQ(context.told,
+              untilPictureAnd(joined({{message("(stopped)"), progress(80)}, told, {progress(100), progress(100)}})));
+    EXPECT_EQ(context.requests, (std::vector<std::string>{"INITIAL_MESSAGE", "", "CHECK_CAMERA_IMAGE"}));
+  }
+  EXPECT_EQ(capturer.framesTaken, 4);
 }
-
-INSTANTIATE_TEST_SUITE_P(Answers, CaptureRunQuestion,
-                         testing::Values(QuestionCase{3, 0, {}},
-                                         QuestionCase{4, 1, {FINAL_REPORT("CAMERA_RESULT_FAILED")}},
-                                         QuestionCase{0, 4, {}}, QuestionCase{1, 4, {}}));
 
 TEST_F(CaptureRun, AnEventOrACancellationDuringTheQuestionOverridesTheAnswer) {
   setTimeout("0");
@@ -109,31 +81,22 @@ TEST_F(CaptureRun, ClosingTheDialogLeadsToTheQuestion) {
   EXPECT_EQ(openDialog(), nullptr);
 }
 
-TEST_F(CaptureRun, TheDialogShowsTheFrames) {
-  QImage shown;
-  afterFrame(
-      [&] { shown = openDialog()->findChild<QLabel*>("camera_capture_test_lb_image_view")->pixmap().toImage(); });
-  setTimeout("0");
-  capturer.frame.fill(QColor(10, 200, 30));
-  run();
-  EXPECT_EQ(shown.pixelColor(0, 0), QColor(10, 200, 30));
+TEST_F(CaptureRun, SettingsSayHowLongThePictureIsShown) {
+  // Each frame takes the 30 ms of its pause: 20 s are over with the 667th.
+  const std::pair<TestSettings, int> settings[] = {
+      {{}, 667},
+      {{{"ORCA", {{"ORCA_POPUP_TIMEOUT", "1"}}}}, 667},
+      {{{"OTHER", {{"ORCA_TEST_TIMEOUT", "1"}}}}, 667},
+      {{{"ORCA", {{"ORCA_TEST_TIMEOUT", " +1 second"}}}}, 34},
+      {{{"ORCA", {{"ORCA_TEST_TIMEOUT", "9"}, {"ORCA_TEST_TIMEOUT_CAMERA_CAPTURE_TEST", "0"}}}}, 1}};
+  for (const auto& [map, frames] : settings) {
+    setTimeout("3");  // an earlier setting, which a later one replaces
+    EXPECT_TRUE(test->configure(map, 0));
+    capturer.framesTaken = 0;
+    EXPECT_EQ(run(), kTestPassed);
+    EXPECT_EQ(capturer.framesTaken, frames);
+  }
 }
-
-TEST_P(CaptureRunSettings, SayHowLongThePictureIsShown) {
-  setTimeout("3");  // an earlier setting, which a later one replaces
-  EXPECT_TRUE(test.configure(GetParam().settings, 0));
-  EXPECT_EQ(run(), kTestPassed);
-  EXPECT_EQ(capturer.framesTaken, GetParam().frames);
-}
-
-// Each frame takes the 30 ms of its pause: 20 s are over with the 667th.
-INSTANTIATE_TEST_SUITE_P(
-    Maps, CaptureRunSettings,
-    testing::Values(Settings{{}, 667}, Settings{{{"ORCA", {{"ORCA_POPUP_TIMEOUT", "1"}}}}, 667},
-                    Settings{{{"OTHER", {{"ORCA_TEST_TIMEOUT", "1"}}}}, 667},
-                    Settings{{{"ORCA", {{"ORCA_TEST_TIMEOUT", " +1 second"}}}}, 34},
-                    Settings{{{"ORCA", {{"ORCA_TEST_TIMEOUT", "9"}, {"ORCA_TEST_TIMEOUT_CAMERA_CAPTURE_TEST", "0"}}}},
-                             1}));
 
 TEST_F(CaptureRun, ABadTimeoutIsRefusedAndTheOldOneKept) {
   setTimeout("1");

@@ -6,10 +6,14 @@
 
 #include <functional>
 #include <initializer_list>
+#include <memory>
 #include <vector>
 
 #include <gtest/gtest.h>
 
+#include "module/identifiers.h"
+#include "tests/camera_barcode_test.h"
+#include "tests/camera_capture_test.h"
 #include "ui/abstract_widget_wrapper.h"
 #include "unit_tests/fakes/fake_context.h"
 #include "unit_tests/fakes/fake_host_services.h"
@@ -21,11 +25,12 @@ inline std::vector<Told> joined(std::initializer_list<std::vector<Told>> lists) 
   return all;
 }
 
-/// What the tests of both camera tests share: a camera with a scripted capturer, a host that confirms and shows what it
-/// is asked to, and a clock that only the code under test moves.
+/// What the tests of both camera tests share: one of them, a camera with a scripted capturer, a host that confirms and
+/// shows what it is asked to, and a clock that only the code under test moves.
 class CameraTestFixture : public testing::Test {
  protected:
-  CameraTestFixture() {
+  explicit CameraTestFixture(bool capture) : isCapture(capture) {
+    if (isCapture) test = std::make_unique<CameraCaptureTest>(kCaptureTestId);
     resetFakeHostServices();
     context.component = &camera;
     context.onSubmit = [this](InputRequest& request) { answer(request); };
@@ -33,6 +38,18 @@ class CameraTestFixture : public testing::Test {
   }
   ~CameraTestFixture() override {
     for (QWidget* widget : QApplication::topLevelWidgets()) delete widget;
+  }
+
+  TestResult run() {
+    context.told.clear();
+    return test->run(&context);
+  }
+  [[nodiscard]] std::vector<Told> untilStartAnd(const std::vector<Told>& more) const {
+    if (!isCapture) return joined({{progress(0), progress(30), message("(started)")}, more});
+    return joined({{progress(0), progress(1), progress(30), message("(started)")}, more});
+  }
+  [[nodiscard]] std::vector<Told> untilPictureAnd(const std::vector<Told>& more) const {
+    return joined({untilStartAnd({progress(50), progress(50)}), more});
   }
 
   /// The codes of codes.json by their places.
@@ -69,6 +86,8 @@ class CameraTestFixture : public testing::Test {
     }
   }
 
+  const bool isCapture;
+  std::unique_ptr<CameraTest> test = std::make_unique<CameraBarcodeTest>(kBarcodeTestId);
   QObject eventFilter;
   FakeContext context;
   FakeCamera camera{context.told};

@@ -3,35 +3,15 @@
 #include "tests/camera_test.h"
 
 #include <algorithm>
-#include <memory>
 #include <string>
 #include <tuple>
 
-#include "module/identifiers.h"
-#include "tests/camera_barcode_test.h"
-#include "tests/camera_capture_test.h"
 #include "unit_tests/tests/camera_test_fixture.h"
 
 namespace {
 
-class CameraRun : public CameraTestFixture, public testing::WithParamInterface<bool> {
- protected:
-  CameraRun() {
-    if (isCapture) test = std::make_unique<CameraCaptureTest>(kCaptureTestId);
-    test->configure({{"ORCA", {{"ORCA_TEST_TIMEOUT", "0"}}}}, 0);
-  }
-  TestResult run() {
-    context.told.clear();
-    return test->run(&context);
-  }
-  [[nodiscard]] std::vector<Told> untilStart() const {
-    if (!isCapture) return {progress(0), progress(30), message("(started)")};
-    return {progress(0), progress(1), progress(30), message("(started)")};
-  }
-  [[nodiscard]] std::vector<Told> untilPicture() const { return joined({untilStart(), {progress(50), progress(50)}}); }
-
-  const bool isCapture = GetParam();
-  std::unique_ptr<CameraTest> test = std::make_unique<CameraBarcodeTest>(kBarcodeTestId);
+struct CameraRun : public CameraTestFixture, public testing::WithParamInterface<bool> {
+  CameraRun() : CameraTestFixture(GetParam()) { test->configure({{"ORCA", {{"ORCA_TEST_TIMEOUT", "0"}}}}, 0); }
 };
 
 INSTANTIATE_TEST_SUITE_P(, CameraRun, testing::Bool(),
@@ -88,7 +68,7 @@ TEST_P(CameraRun, AFailedStartIsReportedAndTheCapturerStopped) {
            {38, 5, {}}}) {
     capturer.startStatus = status;
     EXPECT_EQ(run(), result);
-    EXPECT_EQ(context.told, joined({untilStart(), told, {message("(stopped)")}}));
+    EXPECT_EQ(context.told, untilStartAnd(joined({told, {message("(stopped)")}})));
   }
 }
 
@@ -96,31 +76,23 @@ TEST_P(CameraRun, WithoutAFormatThereIsNoPicture) {
   capturer.hasFormat = false;
   EXPECT_EQ(run(), 5u);
   EXPECT_EQ(context.told,
-            joined({untilStart(),
-                    {progress(50), FINAL_REPORT("FAILED_TO_INITIALIZE"), message("(stopped)"), progress(100)}}));
+            untilStartAnd({progress(50), FINAL_REPORT("FAILED_TO_INITIALIZE"), message("(stopped)"), progress(100)}));
   EXPECT_EQ(openDialog(), nullptr);
 }
 
 TEST_P(CameraRun, AFailedFrameEndsThePictureWithItsKey) {
-  struct Row {
-    CaptureStatus status;
-    TestResult captureResult;
-    std::string captureKey;
-    std::string barcodeKey;
-  };
+  using Row = std::tuple<CaptureStatus, TestResult, const char*, const char*>;
   test->configure({}, 0);
-  for (const Row& row :
+  for (const auto& [status, captureResult, captureKey, barcodeKey] :
        {Row{38, 4, "FAILED_TO_CAPTURE_DEVICE_WAS_REMOVED", "FAILED_TO_CAPTURE_DEVICE_WAS_REMOVED"},
         Row{50, 5, "FAILED_TO_CAPTURE_DUE_TIMEOUT", "FAILED_TO_CAPTURE"},
         Row{1, 4, "FAILED_TO_CAPTURE", "FAILED_TO_CAPTURE"}, Row{116, 4, "FAILED_TO_CAPTURE", "FAILED_TO_CAPTURE"},
         Row{0xC00D36B4, 4, "FAILED_TO_CAPTURE", "FAILED_TO_CAPTURE"}}) {
     capturer.framesTaken = 0;
-    capturer.onFrame = [&] { return capturer.framesTaken < 3 ? CaptureOk : row.status; };
-    EXPECT_EQ(run(), isCapture ? row.captureResult : 4);
-    EXPECT_EQ(
-        context.told,
-        joined({untilPicture(),
-                {FINAL_REPORT(isCapture ? row.captureKey : row.barcodeKey), message("(stopped)"), progress(100)}}));
+    capturer.onFrame = [&, ended = status] { return capturer.framesTaken < 3 ? CaptureOk : ended; };
+    EXPECT_EQ(run(), isCapture ? captureResult : 4);
+    EXPECT_EQ(context.told, untilPictureAnd({FINAL_REPORT(isCapture ? captureKey : barcodeKey), message("(stopped)"),
+                                             progress(100)}));
     EXPECT_EQ(openDialog(), nullptr);
   }
 }
@@ -130,11 +102,11 @@ TEST_P(CameraRun, AnEventOrACancellationEndsThePictureBeforeTheNextFrame) {
   afterFrame([&] { context.event = 8; });
   EXPECT_EQ(run(), 4u);
   EXPECT_EQ(context.told,
-            joined({untilPicture(), {FINAL_REPORT("TEST_ABORTED_BY_EVENT"), message("(stopped)"), progress(100)}}));
+            untilPictureAnd({FINAL_REPORT("TEST_ABORTED_BY_EVENT"), message("(stopped)"), progress(100)}));
   context.event = 0;
   afterFrame([&] { context.cancelled = true; });
   EXPECT_EQ(run(), 4u);
-  EXPECT_EQ(context.told, joined({untilPicture(), {progress(100), message("(stopped)"), progress(100)}}));
+  EXPECT_EQ(context.told, untilPictureAnd({progress(100), message("(stopped)"), progress(100)}));
   EXPECT_EQ(capturer.framesTaken, 2);
 }
 

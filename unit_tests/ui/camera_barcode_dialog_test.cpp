@@ -3,6 +3,8 @@
 #include <QLabel>
 #include <QScreen>
 
+#include <tuple>
+
 #include "ui/barcode_sizes.h"
 #include "ui/viewfinder.h"
 #include "unit_tests/ui/dialog_helpers.h"
@@ -150,11 +152,7 @@ TEST_F(CameraBarcodeDialogTest, StretchesAFrameAndDrawsTheViewfinder) {
 }
 
 TEST(ViewfinderTest, DrawsTheCornersOfASquareAndOfARectangle) {
-  struct Marks {
-    bool small;
-    int x, y, endX, endY;
-  };
-  constexpr Marks kMarks[] = {
+  constexpr std::tuple<bool, int, int, int, int> kMarks[] = {
       {true, 100, 100, 70, 70}, {true, 230, 50, 205, 25}, {false, 130, 130, 100, 100}, {false, 340, 60, 310, 30}};
   const QColor gray(Qt::gray);
   const QColor black(Qt::black);
@@ -162,17 +160,19 @@ TEST(ViewfinderTest, DrawsTheCornersOfASquareAndOfARectangle) {
     QImage image(960, 540, QImage::Format_RGB32);
     image.fill(black);
     drawViewfinder(image, small);
-    for (const Marks& marks : kMarks) {
+    for (const auto& [isSmall, x, y, endX, endY] : kMarks) {
       for (const QPoint side : {QPoint(1, 1), QPoint(1, -1), QPoint(-1, 1), QPoint(-1, -1)}) {
-        const auto at = [&](int x, int y) { return image.pixelColor(479 + side.x() * x, 269 + side.y() * y); };
-        const QColor drawn = marks.small == small ? gray : black;
-        EXPECT_EQ(at(marks.x, marks.y), drawn);
-        EXPECT_EQ(at(marks.endX, marks.y), drawn);
-        EXPECT_EQ(at(marks.x, marks.endY), drawn);
-        EXPECT_EQ(at(marks.x, marks.y + 1), drawn) << "five wide";
-        EXPECT_EQ(at(marks.x, marks.y + 4), black);
-        EXPECT_EQ(at(marks.endX - 4, marks.y), black) << "beyond the round end";
-        EXPECT_EQ(at(marks.x, marks.endY - 4), black);
+        const auto at = [&](int right, int down) {
+          return image.pixelColor(479 + side.x() * right, 269 + side.y() * down);
+        };
+        const QColor drawn = isSmall == small ? gray : black;
+        EXPECT_EQ(at(x, y), drawn);
+        EXPECT_EQ(at(endX, y), drawn);
+        EXPECT_EQ(at(x, endY), drawn);
+        EXPECT_EQ(at(x, y + 1), drawn) << "five wide";
+        EXPECT_EQ(at(x, y + 4), black);
+        EXPECT_EQ(at(endX - 4, y), black) << "beyond the round end";
+        EXPECT_EQ(at(x, endY - 4), black);
       }
     }
   }

@@ -29,7 +29,7 @@ void onUserInterfaceThread(Work work) {
 
 /// A wrapper with its dialog, which goes with the test.
 template <class Wrapper>
-class WrapperTest : public testing::Test {
+class DialogWrapperTest : public testing::Test {
  protected:
   static constexpr bool kBarcode = std::is_same_v<Wrapper, CameraBarcodeWidgetWrapper>;
   static constexpr const char* kView =
@@ -61,33 +61,24 @@ class WrapperTest : public testing::Test {
     return image;
   }
 
-  QObject hostFilter;
-  FakeContext context;
-  std::shared_ptr<Wrapper> wrapper;
-};
-
-/// Both wrappers, each with its dialog.
-template <class Wrapper>
-class DialogWrapperTest : public WrapperTest<Wrapper> {
- protected:
   /// Counts what the wrapper sends to its dialog.
   void countSignals(Wrapper& watched) {
     QObject::connect(&watched, &Wrapper::UpdateFrame, [this] { ++emitted; });
     QObject::connect(&watched, &Wrapper::CloseDialog, [this] { ++emitted; });
   }
+
+  QObject hostFilter;
+  FakeContext context;
+  std::shared_ptr<Wrapper> wrapper;
   int emitted = 0;
 };
 using Wrappers = testing::Types<CameraWidgetWrapper, CameraBarcodeWidgetWrapper>;
 TYPED_TEST_SUITE(DialogWrapperTest, Wrappers);
 
-TYPED_TEST(DialogWrapperTest, HasItsSignalsAndBothBases) {
+TYPED_TEST(DialogWrapperTest, HasItsSignalsAndBothBasesAndDoesNothingWithoutADialog) {
   EXPECT_THAT(ownMethods(TypeParam::staticMetaObject), testing::ElementsAre("UpdateFrame(QImage)", "CloseDialog()"));
   TypeParam alone({640, 480}, nullptr);
   EXPECT_EQ(alone.qt_metacast("AbstractWidgetWrapper"), static_cast<AbstractWidgetWrapper*>(&alone));
-}
-
-TYPED_TEST(DialogWrapperTest, WithoutADialogNothingHappens) {
-  TypeParam alone({640, 480}, nullptr);
   this->countSignals(alone);
   alone.SendFrame(this->picture(Qt::red));
   alone.Close();
@@ -195,7 +186,7 @@ TYPED_TEST(DialogWrapperTest, OnlyTheBarcodeTestsKnowsATwo) {
   EXPECT_EQ(this->wrapper->GetResult(), TestFixture::kBarcode ? 2 : 0);
 }
 
-using CameraWidgetWrapperTest = WrapperTest<CameraWidgetWrapper>;
+using CameraWidgetWrapperTest = DialogWrapperTest<CameraWidgetWrapper>;
 
 TEST_F(CameraWidgetWrapperTest, AFrameSizeOfZeroKeepsTheDefaultSizes) {
   CameraDialog* const dialog = show({0, 480});
@@ -218,7 +209,7 @@ class AskingFilter : public QObject {
   std::set<const QThread*> threads;
 };
 
-class ShowRetryTest : public WrapperTest<CameraBarcodeWidgetWrapper> {
+class ShowRetryTest : public DialogWrapperTest<CameraBarcodeWidgetWrapper> {
  protected:
   bool isRetry() const { return open()->findChild<QWidget*>("camera_barcode_test_warning_container")->isVisible(); }
 };
