@@ -237,10 +237,10 @@ HRESULT WINAPI MFCreateSourceReaderFromMediaSource(IMFMediaSource*, IMFAttribute
 
 void ScriptedCapture::note(const std::string& step) {
   const std::lock_guard lock(mutex);
-  steps.push_back(step);
+  steps += ' ' + step;
 }
 
-std::vector<std::string> ScriptedCapture::cleanUp() const {
+std::string ScriptedCapture::cleanUp() const {
   const std::lock_guard lock(mutex);
   return steps;
 }

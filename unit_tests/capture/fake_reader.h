@@ -37,12 +37,12 @@ struct ScriptedCapture {
 
   /// Puts a step of the clean-up on record.
   void note(const std::string& step);
-  /// The steps so far, in order.
-  std::vector<std::string> cleanUp() const;
+  /// The steps so far, in order, each with a blank before it.
+  std::string cleanUp() const;
 
  private:
   mutable std::mutex mutex;
-  std::vector<std::string> steps;
+  std::string steps;
 };
 
 ScriptedCapture& scriptedCapture();

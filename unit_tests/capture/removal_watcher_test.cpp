@@ -43,8 +43,7 @@ TEST_F(RemovalWatcherTest, EndsInTheRequiredOrderAndNothingThrownLeavesIt) {
     ASSERT_TRUE(watcher.watch());
     broadcast(DBT_DEVICEREMOVECOMPLETE, L"1");
   }
-  EXPECT_EQ(scriptedCapture().cleanUp(),
-            (Texts{"UnregisterDeviceNotification", "DestroyWindow", "WM_CLOSE", "UnregisterClass"}));
+  EXPECT_EQ(scriptedCapture().cleanUp(), " UnregisterDeviceNotification DestroyWindow WM_CLOSE UnregisterClass");
   EXPECT_EQ(scriptedCapture().notifications, 0);
   EXPECT_EQ(FindWindowW(L"CameraCLASS", nullptr), nullptr);
 }

@@ -37,7 +37,7 @@ class CameraComponentManagerTest : public CameraFixture {
   std::unique_ptr<CameraComponentManager> manager = std::make_unique<CameraComponentManager>(ItemId(17, 0, 0));
 };
 
-TEST_F(CameraComponentManagerTest, aComponentDescribesItsCamera) {
+TEST_F(CameraComponentManagerTest, AComponentDescribesItsCamera) {
   CameraInfo info{"path", "Cam", "Acme", "Description", "Hardware", "Class", "Driver", "", CameraType::kUsb};
   WinCameraComponent usb(info, 0);
   EXPECT_EQ(usb.getDescription().name, "Cam");
@@ -57,7 +57,7 @@ TEST_F(CameraComponentManagerTest, aComponentDescribesItsCamera) {
   EXPECT_EQ(internal.getId(), "4000000000");
 }
 
-TEST_F(CameraComponentManagerTest, answersBeyondItsComponents) {
+TEST_F(CameraComponentManagerTest, AnswersBeyondItsComponents) {
   const auto atTheEnd = ThrowsMessage<std::out_of_range>("invalid vector subscript");
   EXPECT_FALSE(manager->hasComponents());
   manager->refresh();
@@ -77,7 +77,7 @@ TEST_F(CameraComponentManagerTest, answersBeyondItsComponents) {
   EXPECT_EQ(manager->componentAt(3), nullptr);
 }
 
-TEST_F(CameraComponentManagerTest, aRescanThatSucceedsAloneEndsComponents) {
+TEST_F(CameraComponentManagerTest, ARescanThatSucceedsAloneEndsComponents) {
   plugInCamera(L"A", kCameraSetupClass, L"\\\\?\\usb#a");
   manager->refresh();
   ASSERT_EQ(manager->getComponentCount(), 1u);

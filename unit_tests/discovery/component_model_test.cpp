@@ -20,7 +20,7 @@ class DescribedCamera : public CameraComponent {
   CameraFrameCapturer* getFrameCapturer() override { return nullptr; }
 };
 
-TEST(ComponentModel, aCameraDescribesItselfAndGivesFixedAnswers) {
+TEST(ComponentModel, ACameraDescribesItselfAndGivesFixedAnswers) {
   DescribedCamera camera;
   EXPECT_EQ(camera.getId(), "7");
   EXPECT_EQ(camera.getCameraInfo().devicePath, "path");

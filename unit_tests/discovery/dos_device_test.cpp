@@ -50,7 +50,7 @@ class DosDeviceTest : public CameraFixture {
   WinDeviceInterfaceScanner scanner;
 };
 
-TEST_F(DosDeviceTest, pathsAreMadeOfTheNamesThatFitAndBeginWithThePrefix) {
+TEST_F(DosDeviceTest, PathsAreMadeOfTheNamesThatFitAndBeginWithThePrefix) {
   const std::wstring longest = L"COM" + std::wstring(258, L'x');
   // Its rest begins with the prefix, too.
   const std::wstring tooLong = longest + L"x" + L"COM4";
@@ -69,7 +69,7 @@ TEST_F(DosDeviceTest, pathsAreMadeOfTheNamesThatFitAndBeginWithThePrefix) {
   EXPECT_EQ(scanner.getDosDevicePaths("COM", paths), 1u);
 }
 
-TEST_F(DosDeviceTest, volumesAreOpenedForOverlappedUseAndWaitedFor) {
+TEST_F(DosDeviceTest, VolumesAreOpenedForOverlappedUseAndWaitedFor) {
   void* handle = nullptr;
   EXPECT_EQ(scanner.openDevice("\\\\.\\C:", &handle), 0u);
   EXPECT_EQ(scanner.lockVolume(handle), 0u);

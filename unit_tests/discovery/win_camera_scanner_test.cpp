@@ -34,7 +34,7 @@ class WinCameraScannerTest : public CameraFixture {
   WinCameraScanner scanner;
 };
 
-TEST_F(WinCameraScannerTest, fillsTheRecordOfACamera) {
+TEST_F(WinCameraScannerTest, FillsTheRecordOfACamera) {
   ScriptedDevice& device = plugInCamera(L"USB\\1", kCameraSetupClass, L"\\\\?\\usb#Vid_1#{e5}");
   device.setText(SPDRP_DEVICEDESC, L"Description");
   device.setText(SPDRP_CLASSGUID, L"{ca3e7ab9}");
@@ -52,7 +52,7 @@ TEST_F(WinCameraScannerTest, fillsTheRecordOfACamera) {
       << "twice as large, deliberately";
 }
 
-TEST_F(WinCameraScannerTest, namesACameraByTheFirstNameThatThereIs) {
+TEST_F(WinCameraScannerTest, NamesACameraByTheFirstNameThatThereIs) {
   using Case = std::tuple<CameraType, bool, std::optional<std::wstring>, const char*>;
   for (const auto& [type, hasFriendlyName, interfaceName, expected] :
        {Case{CameraType::kUsb, true, L"Pin", "Name of A"},
@@ -71,7 +71,7 @@ TEST_F(WinCameraScannerTest, namesACameraByTheFirstNameThatThereIs) {
   }
 }
 
-TEST_F(WinCameraScannerTest, putsTheBatchOfTheLastSearchFirst) {
+TEST_F(WinCameraScannerTest, PutsTheBatchOfTheLastSearchFirst) {
   plugInCamera(L"CAMERA\\B", kCameraSetupClass, L"\\\\?\\usb#b");
   plugInCamera(L"CAMERA\\A", kCameraSetupClass, L"\\\\?\\usb#a");
   plugInCamera(L"MEDIA", kMediaSetupClass, L"\\\\?\\usb#m");
@@ -91,7 +91,7 @@ TEST_F(WinCameraScannerTest, putsTheBatchOfTheLastSearchFirst) {
   }
 }
 
-TEST_F(WinCameraScannerTest, takesOnlyLinkedPathsWithAKnownPrefix) {
+TEST_F(WinCameraScannerTest, TakesOnlyLinkedPathsWithAKnownPrefix) {
   plugInCamera(L"CAPITALS", kCameraSetupClass, L"\\\\?\\USB#1");
   plugInCamera(L"ROOT", kCameraSetupClass, L"\\\\?\\root#1");
   plugIn(L"NOT LINKED", kCameraSetupClass, L"\\\\?\\usb#2");
@@ -102,7 +102,7 @@ TEST_F(WinCameraScannerTest, takesOnlyLinkedPathsWithAKnownPrefix) {
   EXPECT_THAT(scanner.getCameras(), IsEmpty());
 }
 
-TEST_F(WinCameraScannerTest, aLaterInterfaceOfADeviceKeepsWhatItCannotRead) {
+TEST_F(WinCameraScannerTest, ALaterInterfaceOfADeviceKeepsWhatItCannotRead) {
   ScriptedDevice& device = plugInCamera(L"A", kCameraSetupClass, L"\\\\?\\usb#1");
   device.interfaces.push_back({kVideoCameraInterface, L"\\\\?\\usb#2", {}});
   device.setText(SPDRP_DRIVER, L"k");
@@ -119,7 +119,7 @@ TEST_F(WinCameraScannerTest, aLaterInterfaceOfADeviceKeepsWhatItCannotRead) {
   EXPECT_EQ(cameras[2].driverVersion, "") << "another device starts afresh";
 }
 
-TEST_F(WinCameraScannerTest, aScanThatFailsForgetsTheCamerasOfTheLast) {
+TEST_F(WinCameraScannerTest, AScanThatFailsForgetsTheCamerasOfTheLast) {
   plugInCamera(L"A", kCameraSetupClass, L"\\\\?\\usb#1");
   for (const char* function : {"CoInitializeEx", "MFStartup", "SetupDiGetClassDevsW"}) {
     SCOPED_TRACE(function);
@@ -136,14 +136,14 @@ TEST_F(WinCameraScannerTest, aScanThatFailsForgetsTheCamerasOfTheLast) {
   EXPECT_THAT(scanner.getCameras(), IsEmpty());
 }
 
-TEST_F(WinCameraScannerTest, endsComAlsoWhenTheThreadIsInAnotherApartment) {
+TEST_F(WinCameraScannerTest, EndsComAlsoWhenTheThreadIsInAnotherApartment) {
   plugInCamera(L"A", kCameraSetupClass, L"\\\\?\\usb#1");
   scriptedMediaFoundation().apartmentStatus = RPC_E_CHANGED_MODE;
   EXPECT_EQ(onlyCamera().name, "Name of A");
   EXPECT_EQ(systemScript().outstanding().at("apartment"), -1) << "not taken, but given back";
 }
 
-TEST_F(WinCameraScannerTest, givesBackInOrderAndKeepsTheLinkTexts) {
+TEST_F(WinCameraScannerTest, GivesBackInOrderAndKeepsTheLinkTexts) {
   plugInCamera(L"A", kCameraSetupClass, L"\\\\?\\usb#1");
   EXPECT_TRUE(scanner.hasCameras());
   EXPECT_THAT(systemScript().log(),
@@ -166,7 +166,7 @@ class ScanFaultTest : public WinCameraScannerTest {
   }
 };
 
-TEST_F(ScanFaultTest, everySystemCallInTurnFailsOnce) {
+TEST_F(ScanFaultTest, EverySystemCallInTurnFailsOnce) {
   ASSERT_EQ(scanner.scan(), 0u);
   ASSERT_EQ(scanner.getCameras().size(), 2u);
   const int calls = systemScript().failableCalls();

@@ -30,7 +30,7 @@ class WinDeviceInterfaceScannerTest : public CameraFixture {
   DeviceMap found;
 };
 
-TEST_F(WinDeviceInterfaceScannerTest, keepsTheWantedDeviceClassWithAllInterfacesInOrder) {
+TEST_F(WinDeviceInterfaceScannerTest, KeepsTheWantedDeviceClassWithAllInterfacesInOrder) {
   plugIn(L"M", kMediaSetupClass, L"\\\\?\\m");
   plugIn(L"C", kCameraSetupClass, L"\\\\?\\z")
       .interfaces.push_back({kVideoCameraInterface, L"\\\\?\\a", L"インターフェース名"});
@@ -55,7 +55,7 @@ TEST_F(WinDeviceInterfaceScannerTest, keepsTheWantedDeviceClassWithAllInterfaces
   EXPECT_EQ(systemScript().outstanding().at("device information set"), 1);
 }
 
-TEST_F(WinDeviceInterfaceScannerTest, anyInterfaceClassOpensTheSetOfAllClasses) {
+TEST_F(WinDeviceInterfaceScannerTest, AnyInterfaceClassOpensTheSetOfAllClasses) {
   plugIn(L"C", kCameraSetupClass, L"\\\\?\\c");
   EXPECT_EQ(search(GUID{}, GUID{}), 0u);
   EXPECT_EQ(scanner.getDeviceCount(), 1u);
@@ -64,7 +64,7 @@ TEST_F(WinDeviceInterfaceScannerTest, anyInterfaceClassOpensTheSetOfAllClasses) 
   EXPECT_EQ(scriptedSetupApi().openings[0].flags, 6u);
 }
 
-TEST_F(WinDeviceInterfaceScannerTest, aFilterOfAnotherKindOrAFailedOpeningFindsNothing) {
+TEST_F(WinDeviceInterfaceScannerTest, AFilterOfAnotherKindOrAFailedOpeningFindsNothing) {
   class OtherFilter : public DeviceScanFilter {};
   plugIn(L"C", kCameraSetupClass, L"\\\\?\\c");
   EXPECT_EQ(search(kVideoCameraInterface, GUID{}), 0u);
@@ -78,7 +78,7 @@ TEST_F(WinDeviceInterfaceScannerTest, aFilterOfAnotherKindOrAFailedOpeningFindsN
   EXPECT_EQ(systemScript().outstanding(), (std::map<std::string, int>()));
 }
 
-TEST_F(WinDeviceInterfaceScannerTest, skipsWhatCannotBeReadAndGoesOn) {
+TEST_F(WinDeviceInterfaceScannerTest, SkipsWhatCannotBeReadAndGoesOn) {
   plugIn(L"A", kCameraSetupClass, L"\\\\?\\a");
   plugIn(L"B", kCameraSetupClass, L"\\\\?\\b1").interfaces.push_back({kVideoCameraInterface, L"\\\\?\\b2", {}});
   systemScript().failCall("SetupDiGetDeviceInstanceIdW", 1);
@@ -95,7 +95,7 @@ TEST_F(WinDeviceInterfaceScannerTest, skipsWhatCannotBeReadAndGoesOn) {
   EXPECT_THAT(found, IsEmpty());
 }
 
-TEST_F(WinDeviceInterfaceScannerTest, readsRegistryProperties) {
+TEST_F(WinDeviceInterfaceScannerTest, ReadsRegistryProperties) {
   ScriptedDevice& device = plugIn(L"A", kCameraSetupClass, L"\\\\?\\a");
   device.setText(SPDRP_DEVICEDESC, L"K\u00e4mera \U0001F4F7 \xD800");
   device.setText(SPDRP_DRIVER, L"k");
@@ -124,7 +124,7 @@ TEST_F(WinDeviceInterfaceScannerTest, readsRegistryProperties) {
   EXPECT_EQ(scanner.getScannerKind(), 4u);
 }
 
-TEST_F(WinDeviceInterfaceScannerTest, findsParentsByTheirIdsAmongTheFiltersDevices) {
+TEST_F(WinDeviceInterfaceScannerTest, FindsParentsByTheirIdsAmongTheFiltersDevices) {
   plugIn(L"USB\\HUB\\1", kImageSetupClass, L"\\\\?\\usb#hub", kCaptureInterface);
   plugIn(L"USB\\CAM\\1", kCameraSetupClass, L"\\\\?\\usb#cam");
   EXPECT_EQ(search(kVideoCameraInterface, GUID{}), 0u);
