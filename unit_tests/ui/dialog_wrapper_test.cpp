@@ -234,18 +234,13 @@ TEST_F(ShowRetryTest, HappensAtOnceOnTheUserInterfaceThread) {
 }
 
 TEST_F(ShowRetryTest, FollowsWhenTheUserInterfaceThreadIsBusy) {
-  const auto busyMilliseconds = [this] {
-    const std::unique_ptr<QThread> thread(QThread::create([this] { wrapper->ShowRetry(); }));
-    QElapsedTimer time;
-    time.start();
-    thread->start();
-    EXPECT_TRUE(thread->wait(5000));
-    return time.elapsed();
-  };
-  wrapper = std::make_shared<CameraBarcodeWidgetWrapper>(QSize(64, 48), nullptr);
-  EXPECT_LT(busyMilliseconds(), 400) << "without a dialog there is nothing to wait for";
   show({64, 48});
-  EXPECT_THAT(busyMilliseconds(), testing::AllOf(testing::Ge(450), testing::Lt(1500)));
+  const std::unique_ptr<QThread> thread(QThread::create([this] { wrapper->ShowRetry(); }));
+  QElapsedTimer time;
+  time.start();
+  thread->start();
+  EXPECT_TRUE(thread->wait(5000));
+  EXPECT_GE(time.elapsed(), 450);
   EXPECT_FALSE(isRetry());
   EXPECT_TRUE(QTest::qWaitFor([&] { return isRetry(); }));
 }
