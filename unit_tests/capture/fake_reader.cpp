@@ -1,7 +1,6 @@
 #include "unit_tests/capture/fake_reader.h"
 
 #include <algorithm>
-#include <array>
 #include <cstring>
 #include <functional>
 #include <memory>
@@ -99,10 +98,11 @@ class FakeReader : public FakeComObject<IMFSourceReader> {
   int selections = 0;
 };
 
-/// A buffer of eight bytes, of which only `length` and `lock` may fail.
+/// A buffer of which only the length and the lock may fail.
 class FakeBuffer : public FakeComObject<IMFMediaBuffer> {
  public:
-  FakeBuffer(HRESULT length, std::function<HRESULT()> lock) : lengthAnswer(length), locking(std::move(lock)) {}
+  FakeBuffer(const std::vector<std::uint8_t>& content, HRESULT length, std::function<HRESULT()> lock)
+      : bytes(content), lengthAnswer(length), locking(std::move(lock)) {}
   STDMETHODIMP Lock(BYTE** data, DWORD*, DWORD*) override {
     *data = bytes.data();
     const HRESULT hr = locking();
@@ -121,16 +121,16 @@ class FakeBuffer : public FakeComObject<IMFMediaBuffer> {
   STDMETHODIMP GetMaxLength(DWORD*) override { return E_NOTIMPL; }
 
  private:
+  std::vector<std::uint8_t> bytes;
   HRESULT lengthAnswer;
   std::function<HRESULT()> locking;
   bool locked = false;
-  std::array<BYTE, 8> bytes{};
 };
 
-ComPtr<IMFSample> sampleOf(const ComPtr<IMFMediaBuffer>& buffer) {
+ComPtr<IMFSample> sampleOf(const std::vector<std::uint8_t>& bytes, HRESULT length, std::function<HRESULT()> lock) {
   ComPtr<IMFSample> sample;
   MFCreateSample(&sample);
-  if (buffer) sample->AddBuffer(buffer.Get());
+  sample->AddBuffer(ComPtr<IMFMediaBuffer>(new FakeBuffer(bytes, length, std::move(lock))).Get());
   return sample;
 }
 
@@ -153,13 +153,6 @@ BOOL WINAPI unregisterNotification(HDEVNOTIFY notification) {
   static const auto real =
       systemFunction<decltype(UnregisterDeviceNotification)>(L"user32", "UnregisterDeviceNotification");
   return real(notification);
-}
-
-HWND WINAPI createWindow(DWORD extendedStyle, LPCWSTR name, LPCWSTR title, DWORD style, int x, int y, int width,
-                         int height, HWND parent, HMENU menu, HINSTANCE program, LPVOID parameter) {
-  if (fails("CreateWindow")) return nullptr;
-  static const auto real = systemFunction<decltype(CreateWindowExW)>(L"user32", "CreateWindowExW");
-  return real(extendedStyle, name, title, style, x, y, width, height, parent, menu, program, parameter);
 }
 
 BOOL WINAPI destroyWindow(HWND window) {
@@ -191,7 +184,6 @@ void WINAPI uninitializeCom() {
 
 SUBSTITUTE_IMPORT(RegisterDeviceNotificationW, registerNotification);
 SUBSTITUTE_IMPORT(UnregisterDeviceNotification, unregisterNotification);
-SUBSTITUTE_IMPORT(CreateWindowExW, createWindow);
 SUBSTITUTE_IMPORT(DestroyWindow, destroyWindow);
 SUBSTITUTE_IMPORT(SendMessageW, sendMessage);
 SUBSTITUTE_IMPORT(UnregisterClassW, unregisterClass);
@@ -254,28 +246,23 @@ void resetScriptedCapture() {
 }
 
 ComPtr<IMFSample> makeSample(const std::vector<std::uint8_t>& bytes) {
-  ComPtr<IMFMediaBuffer> buffer;
-  MFCreateMemoryBuffer(static_cast<DWORD>(bytes.size()), &buffer);
-  BYTE* data = nullptr;
-  buffer->Lock(&data, nullptr, nullptr);
-  std::copy(bytes.begin(), bytes.end(), data);
-  buffer->Unlock();
-  buffer->SetCurrentLength(static_cast<DWORD>(bytes.size()));
-  return sampleOf(buffer);
+  return sampleOf(bytes, S_OK, [] { return S_OK; });
 }
 
 ComPtr<IMFSample> makeGatedSample(Gate& gate) {
-  return sampleOf(ComPtr<IMFMediaBuffer>(new FakeBuffer(S_OK, [&gate] {
+  return sampleOf({0, 0, 0, 0}, S_OK, [&gate] {
     gate.reached.release();
     gate.open.acquire();
     return S_OK;
-  })));
+  });
 }
 
 ComPtr<IMFSample> makeFaultySample(BufferFault fault) {
-  if (fault == BufferFault::kGetBuffer) return sampleOf(nullptr);  // without a buffer
-  const HRESULT length = fault == BufferFault::kGetLength ? MF_E_INVALIDREQUEST : S_OK;
-  return sampleOf(ComPtr<IMFMediaBuffer>(new FakeBuffer(length, [] { return E_FAIL; })));
+  ComPtr<IMFSample> sample =
+      sampleOf(std::vector<std::uint8_t>(8), fault == BufferFault::kGetLength ? MF_E_INVALIDREQUEST : S_OK,
+               [] { return E_FAIL; });
+  if (fault == BufferFault::kGetBuffer) sample->RemoveAllBuffers();
+  return sample;
 }
 
 void broadcast(WPARAM event, const std::wstring& name, DWORD type) {

@@ -48,7 +48,7 @@ struct ScriptedCapture {
 ScriptedCapture& scriptedCapture();
 void resetScriptedCapture();
 
-/// A sample with these bytes, in a real memory buffer.
+/// A sample with these bytes.
 Microsoft::WRL::ComPtr<IMFSample> makeSample(const std::vector<std::uint8_t>& bytes);
 
 /// A sample whose buffer is locked when the gate lets it: `reached` is released as the callback comes to it, and the
