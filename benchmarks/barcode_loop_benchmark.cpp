@@ -7,19 +7,18 @@
 #include <QImage>
 #include <QZXing.h>
 
-#include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <cstring>
 #include <functional>
 #include <memory>
-#include <span>
 #include <thread>
 #include <vector>
 
+#include "benchmarks/durations.h"
 #include "capture/frame_copy.h"
 #include "standalone/virtual_camera/pictures/picture_source.h"
-#include "tests/test_steps.h"
+#include "tests/barcode_steps.h"
+#include "tests/camera_test.h"
 #include "ui/camera_barcode_widget_wrapper.h"
 
 namespace {
@@ -34,26 +33,6 @@ void onUserInterface(const std::function<void()>& step) {
   QMetaObject::invokeMethod(qApp, step, Qt::BlockingQueuedConnection);
 }
 
-// How long steps took, in milliseconds.
-class Durations {
- public:
-  void measure(const std::function<void()>& step) {
-    using Clock = std::chrono::steady_clock;
-    const auto start = Clock::now();
-    step();
-    times.push_back(std::chrono::duration<double, std::milli>(Clock::now() - start).count());
-  }
-
-  [[nodiscard]] double median() {
-    const auto middle = times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2);
-    std::ranges::nth_element(times, middle);
-    return *middle;
-  }
-
- private:
-  std::vector<double> times;
-};
-
 // Each copy into fresh memory, as the loop makes them.
 Bytes bareCopy(const std::uint8_t* from, std::size_t size) {
   Bytes copy(new std::uint8_t[size]);
@@ -61,15 +40,35 @@ Bytes bareCopy(const std::uint8_t* from, std::size_t size) {
   return copy;
 }
 
+// Delivers one picture again and again, with the copy that a capturer makes of its newest frame.
+class PictureCapturer : public CameraFrameCapturer {
+ public:
+  explicit PictureCapturer(const QImage& image) : picture(image) {}
+
+  CaptureStatus start() override { return CaptureOk; }
+  CaptureStatus getFrame(std::uint8_t*& buffer, std::uint32_t) override {
+    const auto size = static_cast<std::size_t>(picture.sizeInBytes());
+    buffer = new std::uint8_t[size];
+    copyOpaque({picture.constBits(), size}, buffer);
+    return CaptureOk;
+  }
+  CaptureStatus stop() override { return CaptureOk; }
+  int getFrameFormat(FrameFormat& format) override {
+    format = {static_cast<std::uint32_t>(picture.width()), static_cast<std::uint32_t>(picture.height()), true};
+    return 0;
+  }
+
+ private:
+  const QImage picture;
+};
+
 void measure(const char* content, const QImage& picture, CameraBarcodeWidgetWrapper& wrapper) {
   const auto size = static_cast<std::size_t>(picture.sizeInBytes());
-  const std::span<const std::uint8_t> source(picture.constBits(), size);
+  PictureCapturer capturer(picture);
   FrameFormat format;
-  format.width = static_cast<std::uint32_t>(picture.width());
-  format.height = static_cast<std::uint32_t>(picture.height());
+  capturer.getFrameFormat(format);
   QZXing decoder(nullptr);
-  decoder.setDecoder(0);
-  decoder.setTryHarderBehaviour(2);
+  configureDecoder(decoder);
 
   QImage lastFrame;
   Bytes lastCopy;
@@ -78,15 +77,12 @@ void measure(const char* content, const QImage& picture, CameraBarcodeWidgetWrap
   // In turn, so that whatever else the machine does meets all of them alike.
   for (int round = 0; round < kRounds; ++round) {
     loop.measure([&] {
-      Bytes buffer(new std::uint8_t[size]);
-      copyOpaque(source, buffer.get());
-      lastFrame = test_steps::copyFrame(std::move(buffer), format);
-      wrapper.SendFrame(lastFrame.mirrored(true, false));
+      if (CameraTest::nextFrame(capturer, format, lastFrame) == CaptureOk) showMirrored(lastFrame, wrapper);
     });
     onUserInterface([] {});
     Bytes handedOver;
     bare.measure([&] {
-      const Bytes buffer = bareCopy(source.data(), size);
+      const Bytes buffer = bareCopy(picture.constBits(), size);
       lastCopy = bareCopy(buffer.get(), size);
       handedOver = bareCopy(lastCopy.get(), size);
     });
@@ -95,7 +91,7 @@ void measure(const char* content, const QImage& picture, CameraBarcodeWidgetWrap
     mirroring.measure([&] { mirrored = lastFrame.mirrored(true, false); });
     handingOver.measure([&] { wrapper.SendFrame(mirrored); });
     onUserInterface([] {});
-    decoding.measure([&] { text = decoder.decodeImage(lastFrame, -1, -1, false); });
+    decoding.measure([&] { text = decodeFrame(decoder, lastFrame); });
   }
   const double ratio = loop.median() / bare.median();
   std::printf("%4dx%-4d  %-7s  %6.2f  %6.2f  %5.2f%s  %9.2f  %11.3f  %8.2f  %s\n", picture.width(), picture.height(),

@@ -25,16 +25,19 @@ struct FrameFormat {
 /// Reads pictures from one camera. All operations are called on the test's thread.
 class CameraFrameCapturer {
  public:
+  CameraFrameCapturer() = default;
   virtual ~CameraFrameCapturer() = default;
+  CameraFrameCapturer(const CameraFrameCapturer&) = delete;
+  CameraFrameCapturer& operator=(const CameraFrameCapturer&) = delete;
 
-  /// Opens the camera and returns when it delivers. CaptureOk, CaptureCannotOpenDevice, CaptureInitFailed or
-  /// CaptureAlreadyRunning. `stop` must follow, whatever came back.
-  virtual CaptureStatus start() = 0;
-  /// Waits for a frame, busily, for at most `timeoutMs`. On CaptureOk `buffer` holds a copy that the caller frees with
-  /// delete[]; otherwise it is untouched. The same frame may be returned again until the next one arrives.
-  virtual CaptureStatus getFrame(std::uint8_t*& buffer, std::uint32_t timeoutMs) = 0;
+  /// Opens the camera and returns when it is set up, or cannot be. CaptureOk, CaptureCannotOpenDevice,
+  /// CaptureInitFailed or CaptureAlreadyRunning. `stop` must follow, whatever came back.
+  [[nodiscard]] virtual CaptureStatus start() = 0;
+  /// Waits for a frame, busily, until `timeoutMs` are just over. On CaptureOk `buffer` holds a copy that the caller
+  /// frees with delete[]; otherwise it is untouched. The same frame may be returned again until the next one arrives.
+  [[nodiscard]] virtual CaptureStatus getFrame(std::uint8_t*& buffer, std::uint32_t timeoutMs) = 0;
   /// Ends the capture and returns the status that was current; CaptureNotRunning when there is none.
   virtual CaptureStatus stop() = 0;
   /// 0, or 1 while not running; then `format` is untouched.
-  virtual int getFrameFormat(FrameFormat& format) = 0;
+  [[nodiscard]] virtual int getFrameFormat(FrameFormat& format) = 0;
 };

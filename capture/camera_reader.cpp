@@ -3,6 +3,8 @@
 #include <mfapi.h>
 #include <mferror.h>
 
+#include <new>
+
 using Microsoft::WRL::ComPtr;
 
 namespace {
@@ -18,7 +20,7 @@ std::wstring widen(const std::string& text) {
   return wide;
 }
 
-HRESULT createSource(const std::string& symbolicLink, ComPtr<IMFMediaSource>& source) {
+HRESULT createSource(const std::string& symbolicLink, ComPtr<IMFMediaSource>& source) try {
   const std::wstring link = widen(symbolicLink);
   ComPtr<IMFAttributes> attributes;
   HRESULT hr = MFCreateAttributes(&attributes, 2);
@@ -28,6 +30,8 @@ HRESULT createSource(const std::string& symbolicLink, ComPtr<IMFMediaSource>& so
   hr = attributes->SetString(MF_DEVSOURCE_ATTRIBUTE_SOURCE_TYPE_VIDCAP_SYMBOLIC_LINK, link.c_str());
   if (FAILED(hr)) return hr;
   return MFCreateDeviceSource(attributes.Get(), &source);
+} catch (const std::bad_alloc&) {
+  return E_OUTOFMEMORY;
 }
 
 HRESULT createReader(IMFMediaSource* source, IMFSourceReaderCallback* callback, ComPtr<IMFSourceReader>& reader) {

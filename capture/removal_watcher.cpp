@@ -3,9 +3,7 @@
 #include <windows.h>
 #include <dbt.h>
 
-#include <QString>
-
-#include "capture/win_camera_frame_capturer.h"
+#include "utils/platform/narrow_text.h"
 
 namespace {
 
@@ -24,17 +22,17 @@ const DEV_BROADCAST_DEVICEINTERFACE_W* deviceInterface(LPARAM payload) {
 }
 
 LRESULT CALLBACK windowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-  auto* capturer = reinterpret_cast<WinCameraFrameCapturer*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-  if (!capturer) {
+  const auto* removed = reinterpret_cast<const RemovalWatcher::Removed*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  if (!removed) {
     if (message != WM_CREATE && message != WM_NCCREATE) return DefWindowProcW(window, message, wParam, lParam);
-    const auto* creation = reinterpret_cast<const CREATESTRUCTW*>(lParam);
-    capturer = static_cast<WinCameraFrameCapturer*>(creation->lpCreateParams);
-    SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(capturer));
+    removed = static_cast<RemovalWatcher::Removed*>(reinterpret_cast<const CREATESTRUCTW*>(lParam)->lpCreateParams);
+    SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(removed));
   }
-  if (message == WM_DEVICECHANGE && isRemoval(wParam)) {
-    if (const auto* removed = deviceInterface(lParam)) {
-      capturer->onDeviceRemoved(QString::fromWCharArray(removed->dbcc_name).toStdString());
-    }
+  const auto* device = message == WM_DEVICECHANGE && isRemoval(wParam) ? deviceInterface(lParam) : nullptr;
+  try {
+    if (device) (*removed)(vexa::utils::platform::narrowed(device->dbcc_name));
+  } catch (...) {
+    // Nothing may be thrown through the system's dispatcher. The reader tells of the removal, too.
   }
   return DefWindowProcW(window, message, wParam, lParam);
 }
@@ -42,8 +40,8 @@ LRESULT CALLBACK windowProcedure(HWND window, UINT message, WPARAM wParam, LPARA
 }  // namespace
 
 RemovalWatcher::~RemovalWatcher() {
-  // Close is sent to the window that is gone already, and null handles are passed on: the order is part of what hosts
-  // were tested with, so it is not to be tidied.
+  // Deliberate: the order is required, null handles and a close that is sent to a window that is gone included. It
+  // costs up to four calls that fail.
   UnregisterDeviceNotification(notification);
   DestroyWindow(window);
   SendMessageW(window, WM_CLOSE, 0, 0);
@@ -58,10 +56,10 @@ bool RemovalWatcher::watch() {
   windowClass.lpfnWndProc = windowProcedure;
   windowClass.hInstance = program;
   windowClass.lpszClassName = kClassName;
-  // Fails while another capturer of the process runs: only one camera is watched at a time.
+  // Fails while another camera of the process is captured.
   if (RegisterClassExW(&windowClass)) {
     window = CreateWindowExW(0, kClassName, kWindowTitle, WS_OVERLAPPEDWINDOW, CW_USEDEFAULT, CW_USEDEFAULT,
-                             CW_USEDEFAULT, CW_USEDEFAULT, nullptr, nullptr, program, &capturer);
+                             CW_USEDEFAULT, CW_USEDEFAULT, nullptr, nullptr, program, &removed);
   }
 
   DEV_BROADCAST_DEVICEINTERFACE_W filter = {};

@@ -2,16 +2,19 @@
 
 #include <windows.h>
 
+#include <functional>
 #include <string>
+#include <utility>
 
-class WinCameraFrameCapturer;
-
-/// Watches for the removal of devices while a camera is captured, by a hidden window that gets the system's device
-/// broadcasts. Lives on the capturer's worker thread, whose message loop feeds it. Owns the window class, the window
-/// and the notification; tells the capturer which device went away and does not own it.
+/// Watches for the removal of devices, by a hidden window that gets the system's device broadcasts. Lives on a thread
+/// whose message loop feeds it. Owns the window class, the window and the notification; the class belongs to the
+/// process, so that only one watcher at a time succeeds.
 class RemovalWatcher {
  public:
-  explicit RemovalWatcher(WinCameraFrameCapturer& owner) : capturer(owner) {}
+  /// Called on the watcher's thread with the interface path (UTF-8) of each device that goes away.
+  using Removed = std::function<void(std::string path)>;
+
+  explicit RemovalWatcher(Removed onRemoval) : removed(std::move(onRemoval)) {}
   /// Ends the watch; harmless where it never began.
   ~RemovalWatcher();
   RemovalWatcher(const RemovalWatcher&) = delete;
@@ -22,7 +25,7 @@ class RemovalWatcher {
   [[nodiscard]] bool watch();
 
  private:
-  WinCameraFrameCapturer& capturer;
+  Removed removed;
   HWND window = nullptr;
   HDEVNOTIFY notification = nullptr;
 };

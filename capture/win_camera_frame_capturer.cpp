@@ -9,97 +9,28 @@
 #include <algorithm>
 #include <cstring>
 #include <mutex>
+#include <new>
 #include <span>
+#include <utility>
 
+#include "capture/buffer_lock.h"
 #include "capture/camera_reader.h"
 #include "capture/frame_copy.h"
+#include "capture/reader_loan.h"
 #include "capture/removal_watcher.h"
 #include "discovery/camera_component.h"
 #include "module/host_services.h"
+#include "utils/platform/media_session.h"
 
 using Microsoft::WRL::ComPtr;
+using vexa::utils::platform::MediaSession;
 
 namespace {
 
 constexpr DWORD kFirstVideoStream = static_cast<DWORD>(MF_SOURCE_READER_FIRST_VIDEO_STREAM);
-constexpr ULONG kMediaFoundationVersion = 0x20070;
 constexpr int kWorkerPriority = 4;
 constexpr DWORD kEndOfReading = DWORD{MF_SOURCE_READERF_ENDOFSTREAM} |
                                 DWORD{MF_SOURCE_READERF_CURRENTMEDIATYPECHANGED} | DWORD{MF_SOURCE_READERF_ERROR};
-
-// COM and Media Foundation on the worker thread. Both are shut down at the end whether or not they came up: a worker
-// whose start-up failed ends by the same path as every other.
-class MediaSession {
- public:
-  MediaSession() {
-    const HRESULT hr = CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
-    if (FAILED(hr) && hr != RPC_E_CHANGED_MODE) return;
-    started = MFStartup(kMediaFoundationVersion, MFSTARTUP_FULL) == S_OK;
-  }
-  ~MediaSession() {
-    MFShutdown();
-    CoUninitialize();
-  }
-  MediaSession(const MediaSession&) = delete;
-  MediaSession& operator=(const MediaSession&) = delete;
-
-  [[nodiscard]] bool isStarted() const { return started; }
-
- private:
-  bool started = false;
-};
-
-// The contents of a media buffer, for as long as it is locked.
-class BufferLock {
- public:
-  explicit BufferLock(IMFMediaBuffer* mediaBuffer) : buffer(mediaBuffer) {
-    locked = SUCCEEDED(buffer->Lock(&bytes, nullptr, nullptr));
-  }
-  ~BufferLock() {
-    if (locked) buffer->Unlock();
-  }
-  BufferLock(const BufferLock&) = delete;
-  BufferLock& operator=(const BufferLock&) = delete;
-
-  /// Null when the buffer could not be locked.
-  [[nodiscard]] const BYTE* data() const { return locked ? bytes : nullptr; }
-
- private:
-  IMFMediaBuffer* buffer;
-  BYTE* bytes = nullptr;
-  bool locked = false;
-};
-
-}  // namespace
-
-// The reader that a worker opened, which it shares with the capturer until it ends.
-class WinCameraFrameCapturer::ReaderOfWorker {
- public:
-  explicit ReaderOfWorker(WinCameraFrameCapturer& capturer) : shared(capturer.reader), mutex(*capturer.frameMutex) {}
-  // A callback under way must not see the reader vanish. The last reference goes outside the lock: it may wait for a
-  // callback, which takes the same lock.
-  ~ReaderOfWorker() {
-    if (!own) return;
-    const QMutexLocker lock(&mutex);
-    // Another, if this worker's start failed and the next one was faster than its end.
-    if (shared == own) shared.Reset();
-  }
-  ReaderOfWorker(const ReaderOfWorker&) = delete;
-  ReaderOfWorker& operator=(const ReaderOfWorker&) = delete;
-
-  /// Called while `start` holds the lock for this worker.
-  void share(const ComPtr<IMFSourceReader>& opened) {
-    own = opened;
-    shared = opened;
-  }
-
- private:
-  ComPtr<IMFSourceReader>& shared;
-  QMutex& mutex;
-  ComPtr<IMFSourceReader> own;
-};
-
-namespace {
 
 std::uint32_t currentTick() {
   return static_cast<std::uint32_t>(get_timer()->now());
@@ -118,27 +49,33 @@ WinCameraFrameCapturer::~WinCameraFrameCapturer() = default;
 CaptureStatus WinCameraFrameCapturer::start() {
   if (running == 1) return CaptureAlreadyRunning;
 
-  CaptureStatus startStatus;
-  {
-    // Held until the start-up is over, so that the worker cannot read before the status is back at "no frame yet".
-    const QMutexLocker frameLock(frameMutex.get());
-    running = 0;
-    ready = 0;
-    status = CaptureNoFrameYet;
-
-    // The worker's own reference: after a start-up that failed it still cleans up when its component may be gone.
-    AddRef();
-    ThreadService* threads = get_thread();
-    threads->create(&thread, 0, runWorker, this, "WinCameraFrameCapturer");
-    threadId = threads->lastThreadId;
-    threads->setPriority(thread, kWorkerPriority);
-
-    while (ready != 1) get_timer()->sleep(0);
-    startStatus = currentStatus();
-    setStatus(CaptureNoFrameYet);
+  const CaptureStatus startStatus = startWorker();
+  if (startStatus != CaptureOk) {
+    // The window class belongs to the process: the next start, of any capturer, must not meet what is left of this one.
+    get_thread()->wait(thread);
+    return startStatus;
   }
   // The format can be asked for only while running, and callers do so at once.
-  while (startStatus == CaptureOk && running != 1) get_timer()->sleep(0);
+  while (running != 1) get_timer()->sleep(0);
+  return CaptureOk;
+}
+
+CaptureStatus WinCameraFrameCapturer::startWorker() {
+  // Held until the start-up is over, so that the worker cannot read before the status is back at "no frame yet".
+  const QMutexLocker frameLock(frameMutex.get());
+  running = 0;
+  ready = 0;
+  status = CaptureNoFrameYet;
+
+  ThreadService* threads = get_thread();
+  const auto work = [](void* capturer) { static_cast<WinCameraFrameCapturer*>(capturer)->work(); };
+  threads->create(&thread, 0, work, this, "WinCameraFrameCapturer");
+  threadId = threads->lastThreadId;
+  threads->setPriority(thread, kWorkerPriority);
+
+  while (ready != 1) get_timer()->sleep(0);
+  const CaptureStatus startStatus = currentStatus();
+  setStatus(CaptureNoFrameYet);
   return startStatus;
 }
 
@@ -187,23 +124,20 @@ int WinCameraFrameCapturer::getFrameFormat(FrameFormat& format) {
   return 0;
 }
 
-void WinCameraFrameCapturer::runWorker(void* argument) {
-  auto* const capturer = static_cast<WinCameraFrameCapturer*>(argument);
-  capturer->work();
-  capturer->Release();
-}
-
 void WinCameraFrameCapturer::work() {
   if (symbolicLink.empty()) return;
 
-  // Undone in reverse: first the watcher, then the reader, then Media Foundation and COM.
-  const MediaSession session;
-  ReaderOfWorker readerOfWorker(*this);
-  RemovalWatcher watcher(*this);
+  // Deliberate: undone in reverse on every way out, first the watcher, then the reader, then Media Foundation and COM.
+  // The order is required; it costs two calls too many when COM or Media Foundation did not come up.
+  const MediaSession session(MediaSession::Ending::kBoth);
+  CameraReader opened;
+  const ReaderLoan loan(reader, *frameMutex);
+  RemovalWatcher watcher([this](std::string path) { onDeviceRemoved(std::move(path)); });
   if (!session.isStarted()) return;
 
-  CaptureStatus startStatus = open(readerOfWorker);
+  CaptureStatus startStatus = openCameraReader(symbolicLink, this, opened);
   if (!watcher.watch()) startStatus = CaptureInitFailed;
+  if (startStatus == CaptureOk) keep(opened);
 
   setStatus(startStatus);
   ready = 1;
@@ -219,17 +153,15 @@ void WinCameraFrameCapturer::work() {
   while (GetMessageW(&message, nullptr, 0, 0) != 0) DispatchMessageW(&message);
 }
 
-CaptureStatus WinCameraFrameCapturer::open(ReaderOfWorker& readerOfWorker) {
-  CameraReader opened;
-  const CaptureStatus result = openCameraReader(symbolicLink, this, opened);
-  readerOfWorker.share(opened.reader);
+void WinCameraFrameCapturer::keep(const CameraReader& opened) {
+  reader = opened.reader;
   width = opened.format.width;
   height = opened.format.height;
   topDown = opened.format.topDown;
-  return result;
 }
 
 HRESULT WinCameraFrameCapturer::readNext() {
+  if (!reader) return MF_E_SHUTDOWN;
   return reader->ReadSample(kFirstVideoStream, 0, nullptr, nullptr, nullptr, nullptr);
 }
 
@@ -278,25 +210,22 @@ CaptureStatus WinCameraFrameCapturer::takeBuffer(IMFSample* sample) {
   if (FAILED(hr)) return static_cast<CaptureStatus>(hr);
 
   const BufferLock lock(buffer.Get());
-  // The frame before is shown once more rather than none: one bad buffer is not a broken camera.
+  // Deliberate: a buffer that cannot be locked shows the frame before once more. It costs an old frame.
   if (!lock.data()) return CaptureOk;
 
-  if (frameDataSize < length) {
-    // Freed before the larger one is made: two frames at once would double the peak.
-    frameData.reset();
-    frameDataSize = length;
-    frameData = std::make_unique_for_overwrite<std::uint8_t[]>(length);
-  }
+  if (frameDataSize < length && !growFrame(length)) return CaptureFailed;
   std::copy_n(lock.data(), length, frameData.get());
   return CaptureOk;
 }
 
-STDMETHODIMP WinCameraFrameCapturer::OnFlush(DWORD) {
-  return S_OK;
-}
-
-STDMETHODIMP WinCameraFrameCapturer::OnEvent(DWORD, IMFMediaEvent*) {
-  return S_OK;
+bool WinCameraFrameCapturer::growFrame(std::uint32_t size) {
+  // Freed first: two frames at once would double the peak. Nothing is thrown: the callback's caller is COM.
+  frameData.reset();
+  frameDataSize = 0;
+  frameData.reset(new (std::nothrow) std::uint8_t[size]);
+  if (!frameData) return false;
+  frameDataSize = size;
+  return true;
 }
 
 void WinCameraFrameCapturer::onDeviceRemoved(std::string path) {

@@ -1,18 +1,27 @@
 # The barcode decoder QZXing from Debian's source package, with every decoder that it has. Its own build file asks for Qt 5
 # by name, so it is compiled here. Always optimised, and without our warnings: it is not our code.
-if(NOT QZXING_SOURCE AND CMAKE_HOST_UNIX)
+set(QZXING_SOURCE "" CACHE PATH "Source of QZXing; empty for the one that tools/setup fetches")
+set(qzxing_root ${QZXING_SOURCE})
+if(NOT qzxing_root AND CMAKE_HOST_UNIX)
+  # Asked for anew at each configuration, and configured again when it may have changed: never an outdated source.
   execute_process(COMMAND ${PROJECT_SOURCE_DIR}/tools/qzxing_source
-                  OUTPUT_VARIABLE qzxing_source OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
-  set(QZXING_SOURCE ${qzxing_source} CACHE PATH "Source of QZXing")
+                  OUTPUT_VARIABLE qzxing_root OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS
+               ${PROJECT_SOURCE_DIR}/tools/fetch_qzxing ${PROJECT_SOURCE_DIR}/tools/common.sh)
 endif()
-if(NOT EXISTS "${QZXING_SOURCE}/src/QZXing.cpp")
-  message(FATAL_ERROR "The source of the barcode decoder QZXing 3.3.0 is not in \"${QZXING_SOURCE}\". Name its folder: "
+if(NOT EXISTS "${qzxing_root}/src/QZXing.cpp")
+  message(FATAL_ERROR "The source of the barcode decoder QZXing 3.3.0 is not in \"${qzxing_root}\". Name its folder: "
                       "-DQZXING_SOURCE=<folder>; on Debian 12 tools/setup fetches it")
 endif()
+file(STRINGS ${qzxing_root}/src/zxing/zxing/qrcode/detector/QRFinderPatternFinder.cpp qzxing_bound REGEX "module_camera:")
+if(NOT qzxing_bound)
+  message(WARNING "The source of QZXing in ${qzxing_root} has no bound for frames full of QR patterns: one of them can hold "
+                  "a test up for minutes. tools/fetch_qzxing says what it edits.")
+endif()
 
-file(GLOB_RECURSE qzxing_sources ${QZXING_SOURCE}/src/zxing/*.cpp ${QZXING_SOURCE}/src/zxing/*.cc)
+file(GLOB_RECURSE qzxing_sources ${qzxing_root}/src/zxing/*.cpp ${qzxing_root}/src/zxing/*.cc)
 list(FILTER qzxing_sources EXCLUDE REGEX "/win32/")
-set(qzxing_dir ${QZXING_SOURCE}/src)
+set(qzxing_dir ${qzxing_root}/src)
 add_library(qzxing STATIC ${qzxing_sources}
   ${qzxing_dir}/QZXing.cpp ${qzxing_dir}/QZXing.h
   ${qzxing_dir}/ImageHandler.cpp ${qzxing_dir}/ImageHandler.h

@@ -15,16 +15,13 @@ CameraScanner& cameraScanner() {
 
 }  // namespace
 
-// Deliberate: the components are not destroyed with their manager. The host may hold one until the process ends.
-CameraComponentManager::~CameraComponentManager() = default;
-
 bool CameraComponentManager::hasComponents() {
   return cameraScanner().hasCameras();
 }
 
 SystemComponent* CameraComponentManager::componentAt(std::uint32_t index) {
   if (index < components.size()) return components[index];
-  // Deliberate: only the index just past the end is an exception, with the text that hosts know.
+  // Deliberate: only the index just past the end is an exception. That, and its text, is required.
   if (index == components.size()) throw std::out_of_range("invalid vector subscript");
   return nullptr;
 }

@@ -12,11 +12,11 @@ class CameraScanner {
 
   /// Replaces the cameras by those that are present now. 0 when at least one search succeeded, even if it found
   /// nothing; else 1, and there are no cameras.
-  virtual std::uint32_t scan() = 0;
+  [[nodiscard]] virtual std::uint32_t scan() = 0;
   /// Whether the system has any video capture source at the moment, whatever it is attached to. A full scan may still
   /// find no camera.
   virtual bool hasCameras() = 0;
-  /// Forgets the cameras. Returns 0.
+  /// Forgets the cameras. Always returns 0.
   virtual std::uint32_t clear() = 0;
   virtual std::vector<CameraInfo> getCameras() = 0;
 };

@@ -2,8 +2,9 @@
 
 #include <cstddef>
 #include <memory>
-#include <string_view>
 #include <vector>
+
+#include "utils/platform/narrow_text.h"
 
 // In setupapi.dll and in its import library, but not in every header.
 extern "C" WINSETUPAPI BOOL WINAPI SetupDiGetDeviceInterfacePropertyW(HDEVINFO set,
@@ -12,16 +13,24 @@ extern "C" WINSETUPAPI BOOL WINAPI SetupDiGetDeviceInterfacePropertyW(HDEVINFO s
                                                                       PBYTE buffer, DWORD size, PDWORD required,
                                                                       DWORD flags);
 
+using vexa::utils::platform::narrowed;
+
 namespace {
 
-/// Up to the first zero, which the system does not promise to write.
-std::wstring_view firstText(const wchar_t* text, std::size_t limit) {
-  return {text, wcsnlen(text, limit)};
+/// Zeros for `bytes` bytes of text and a terminating zero behind them, which the system does not promise to write.
+std::vector<wchar_t> textBuffer(std::size_t bytes) {
+  return std::vector<wchar_t>(bytes / sizeof(wchar_t) + 2);
 }
 
-/// A zero-filled buffer that holds at least `bytes` bytes.
-std::vector<wchar_t> wideBuffer(std::size_t bytes) {
-  return std::vector<wchar_t>((bytes + sizeof(wchar_t) - 1) / sizeof(wchar_t));
+BYTE* bytesOf(std::vector<wchar_t>& buffer) {
+  return reinterpret_cast<BYTE*>(buffer.data());
+}
+
+/// Up to the first zero; nothing when the system refuses to convert.
+std::optional<std::string> converted(const wchar_t* text) {
+  std::string result = narrowed(text);
+  if (result.empty() && *text != L'\0') return std::nullopt;
+  return result;
 }
 
 /// Whether a call that was given no buffer told the size of the one it needs.
@@ -30,10 +39,6 @@ bool asksForBuffer(BOOL succeeded) {
 }
 
 }  // namespace
-
-DeviceInfoSet::DeviceInfoSet(const GUID* devicesClass, DWORD flags) {
-  open(devicesClass, flags);
-}
 
 bool DeviceInfoSet::open(const GUID* devicesClass, DWORD flags) {
   close();
@@ -54,7 +59,7 @@ std::optional<SP_DEVINFO_DATA> DeviceInfoSet::deviceAt(DWORD index) const {
   return device;
 }
 
-std::optional<SP_DEVICE_INTERFACE_DATA> DeviceInfoSet::interfaceAt(SP_DEVINFO_DATA device, const GUID& interfaceClass,
+std::optional<SP_DEVICE_INTERFACE_DATA> DeviceInfoSet::interfaceAt(SP_DEVINFO_DATA& device, const GUID& interfaceClass,
                                                                    DWORD index) const {
   SP_DEVICE_INTERFACE_DATA found{};
   found.cbSize = sizeof(found);
@@ -62,59 +67,56 @@ std::optional<SP_DEVICE_INTERFACE_DATA> DeviceInfoSet::interfaceAt(SP_DEVINFO_DA
   return found;
 }
 
-std::optional<std::wstring> DeviceInfoSet::instanceId(SP_DEVINFO_DATA device) const {
+std::optional<std::string> DeviceInfoSet::instanceId(SP_DEVINFO_DATA& device) const {
   DWORD length = 0;
   if (!asksForBuffer(SetupDiGetDeviceInstanceIdW(set, &device, nullptr, 0, &length))) return std::nullopt;
 
-  std::vector<wchar_t> id(std::size_t{length} + 1);
-  if (!SetupDiGetDeviceInstanceIdW(set, &device, id.data(), static_cast<DWORD>(id.size()), nullptr))
-    return std::nullopt;
-  return std::wstring(firstText(id.data(), id.size()));
+  std::vector<wchar_t> id(std::size_t{length} + 2);
+  if (!SetupDiGetDeviceInstanceIdW(set, &device, id.data(), length + 1, nullptr)) return std::nullopt;
+  return converted(id.data());
 }
 
-std::optional<std::wstring> DeviceInfoSet::interfacePath(SP_DEVICE_INTERFACE_DATA deviceInterface) const {
+std::optional<std::string> DeviceInfoSet::interfacePath(SP_DEVICE_INTERFACE_DATA& deviceInterface) const {
   DWORD bytes = 0;
   if (!asksForBuffer(SetupDiGetDeviceInterfaceDetailW(set, &deviceInterface, nullptr, 0, &bytes, nullptr)) ||
       bytes < sizeof(SP_DEVICE_INTERFACE_DETAIL_DATA_W)) {
     return std::nullopt;
   }
 
-  const auto block = std::make_unique<std::byte[]>(bytes);
+  const auto block = std::make_unique<std::byte[]>(bytes + 2 * sizeof(wchar_t));
   auto* detail = reinterpret_cast<SP_DEVICE_INTERFACE_DETAIL_DATA_W*>(block.get());
   detail->cbSize = sizeof(*detail);
   if (!SetupDiGetDeviceInterfaceDetailW(set, &deviceInterface, detail, bytes, nullptr, nullptr)) return std::nullopt;
-  const std::size_t limit = (bytes - offsetof(SP_DEVICE_INTERFACE_DETAIL_DATA_W, DevicePath)) / sizeof(wchar_t);
-  return std::wstring(firstText(detail->DevicePath, limit));
+  return converted(detail->DevicePath);
 }
 
-OwnedText DeviceInfoSet::registryProperty(SP_DEVINFO_DATA device, DWORD property) const {
+std::optional<std::string> DeviceInfoSet::registryProperty(SP_DEVINFO_DATA& device, DWORD property) const {
   // Deliberate: a property of size zero, for which the call without a buffer succeeds, counts as absent. The name of a
   // camera falls back on it.
   DWORD bytes = 0;
   if (!asksForBuffer(SetupDiGetDeviceRegistryPropertyW(set, &device, property, nullptr, nullptr, 0, &bytes))) {
-    return nullptr;
+    return std::nullopt;
   }
 
-  std::vector<wchar_t> value = wideBuffer(bytes);
-  if (!SetupDiGetDeviceRegistryPropertyW(set, &device, property, nullptr, reinterpret_cast<BYTE*>(value.data()), bytes,
-                                         nullptr)) {
-    return nullptr;
+  std::vector<wchar_t> value = textBuffer(bytes);
+  if (!SetupDiGetDeviceRegistryPropertyW(set, &device, property, nullptr, bytesOf(value), bytes, nullptr)) {
+    return std::nullopt;
   }
-  return narrowedWithin(firstText(value.data(), value.size()), bytes);
+  return converted(value.data());
 }
 
-OwnedText DeviceInfoSet::interfaceProperty(SP_DEVICE_INTERFACE_DATA deviceInterface, const DEVPROPKEY& key) const {
+std::optional<std::string> DeviceInfoSet::interfaceProperty(SP_DEVICE_INTERFACE_DATA& deviceInterface,
+                                                            const DEVPROPKEY& key) const {
   DEVPROPTYPE type = 0;
   DWORD bytes = 0;
   if (!asksForBuffer(SetupDiGetDeviceInterfacePropertyW(set, &deviceInterface, &key, &type, nullptr, 0, &bytes, 0))) {
-    return nullptr;
+    return std::nullopt;
   }
 
-  // Deliberate: a buffer twice as large as asked for leaves room for a text that grows between the two calls.
-  std::vector<wchar_t> value = wideBuffer(std::size_t{bytes} * 2);
-  if (!SetupDiGetDeviceInterfacePropertyW(set, &deviceInterface, &key, &type, reinterpret_cast<BYTE*>(value.data()),
-                                          bytes * 2, nullptr, 0)) {
-    return nullptr;
-  }
-  return narrowedWithin(firstText(value.data(), value.size()), bytes);
+  // Deliberate: a buffer twice as large as asked for leaves room for a text that grows between the two calls. That only
+  // the conversion decides is required; a name that can no longer be read is empty then, and the camera has no other.
+  bytes *= 2;
+  std::vector<wchar_t> value = textBuffer(bytes);
+  SetupDiGetDeviceInterfacePropertyW(set, &deviceInterface, &key, &type, bytesOf(value), bytes, nullptr, 0);
+  return converted(value.data());
 }

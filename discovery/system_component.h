@@ -26,7 +26,10 @@ struct ComponentDescription {
 /// changes.
 class SystemComponent {
  public:
+  SystemComponent() = default;
   virtual ~SystemComponent() = default;
+  SystemComponent(const SystemComponent&) = delete;
+  SystemComponent& operator=(const SystemComponent&) = delete;
 
   /// The decimal index of the component in its manager's list at creation.
   virtual std::string getId();

@@ -1,9 +1,5 @@
 #include "discovery/system_component_manager.h"
 
-SystemComponentManager::SystemComponentManager(const ItemId& managerVersion) : version(managerVersion) {}
-
-SystemComponentManager::~SystemComponentManager() = default;
-
 ItemId SystemComponentManager::getVersion() {
   return version;
 }

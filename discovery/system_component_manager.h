@@ -12,9 +12,11 @@ class SystemComponent;
 /// order never changes. Calls must not overlap, and nothing may use a component while they are rescanned.
 class SystemComponentManager {
  public:
-  explicit SystemComponentManager(const ItemId& managerVersion);
-  /// Leaves the components alive: the host may still hold them.
-  virtual ~SystemComponentManager();
+  explicit SystemComponentManager(const ItemId& managerVersion) : version(managerVersion) {}
+  /// Deliberate: leaves the components alive. The host may hold one until the process ends; their memory is the price.
+  virtual ~SystemComponentManager() = default;
+  SystemComponentManager(const SystemComponentManager&) = delete;
+  SystemComponentManager& operator=(const SystemComponentManager&) = delete;
 
   virtual ItemId getVersion();
   virtual std::size_t getComponentCount();

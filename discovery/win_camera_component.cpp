@@ -1,7 +1,5 @@
 #include "discovery/win_camera_component.h"
 
-#include <sstream>
-
 #include "capture/win_camera_frame_capturer.h"
 #include "module/host_services.h"
 #include "module/keys/camera_keys.h"
@@ -13,9 +11,7 @@ WinCameraComponent::WinCameraComponent(const CameraInfo& cameraInfo, std::uint32
   capturer.reset(new WinCameraFrameCapturer(this));
 }
 
-WinCameraComponent::~WinCameraComponent() {
-  capturer.reset();
-}
+WinCameraComponent::~WinCameraComponent() = default;
 
 CameraFrameCapturer* WinCameraComponent::getFrameCapturer() {
   return capturer.get();
@@ -29,10 +25,8 @@ void WinCameraComponent::buildProperties() {
   properties.clear();
   name = info.name;
 
-  std::ostringstream text;
-  text << info.name << "_" << id;
   std::string identifier;
-  get_string_handler()->deriveIdentifier(text.str(), identifier);
+  get_string_handler()->deriveIdentifier(info.name + "_" + id, identifier);
 
   // The type is named after the prefix of the device path: an internal camera is a "Display" camera to the host.
   const char* type = info.type == CameraType::kUsb ? "USB" : "Display";

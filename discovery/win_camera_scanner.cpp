@@ -4,19 +4,20 @@
 #include <mfidl.h>
 #include <wrl/client.h>
 
-#include <optional>
+#include <iterator>
 
-#include "discovery/driver_version.h"
-#include "discovery/media_foundation_session.h"
-#include "discovery/narrow_text.h"
+#include "discovery/device_classes.h"
+#include "discovery/device_paths.h"
 #include "discovery/win_device_scan_filter.h"
 #include "module/host_services.h"
-#include "module/keys/device_classes.h"
-#include "module/keys/device_paths.h"
+#include "utils/platform/media_session.h"
+#include "utils/platform/narrow_text.h"
 
 namespace {
 
 using Microsoft::WRL::ComPtr;
+using vexa::utils::platform::MediaSession;
+using vexa::utils::platform::narrowed;
 
 /// The display name of an interface. No import library holds this constant.
 constexpr DEVPROPKEY kNameProperty = {{0xB725F130, 0x47EF, 0x101A, {0xA5, 0xF1, 0x02, 0x60, 0x8C, 0x9E, 0xEB, 0xAC}},
@@ -46,8 +47,8 @@ std::optional<std::string> captureLink(IMFActivate& source) {
   if (FAILED(source.GetAllocatedString(MF_DEVSOURCE_ATTRIBUTE_SOURCE_TYPE_VIDCAP_SYMBOLIC_LINK, &text, &length))) {
     return std::nullopt;
   }
-  // Deliberate: the text is not given to CoTaskMemFree, only the array of sources is. That pairing is part of the
-  // module's known behaviour towards capture stacks; one path for each device and scan is its price.
+  // Deliberate: the text is not given to CoTaskMemFree, only the array of sources is. That pairing is required; one
+  // path for each device and scan is its price.
   std::string link = narrowed(text);
   get_string_handler()->normaliseDevicePath(link);
   return link;
@@ -63,8 +64,8 @@ CameraType typeFromPath(const std::string& path) {
 
 std::uint32_t WinCameraScanner::scan() {
   clear();
-  const MediaFoundationSession session;
-  if (!session.isOpen()) return 1;
+  const MediaSession session(MediaSession::Ending::kWhatStarted);
+  if (!session.isStarted()) return 1;
 
   // Without links no interface matches: a failure of the enumeration is an empty list.
   enumerateCaptureLinks();
@@ -72,8 +73,8 @@ std::uint32_t WinCameraScanner::scan() {
 }
 
 bool WinCameraScanner::hasCameras() {
-  const MediaFoundationSession session;
-  if (!session.isOpen()) return false;
+  const MediaSession session(MediaSession::Ending::kWhatStarted);
+  if (!session.isStarted()) return false;
 
   enumerateCaptureLinks();
   return !captureLinks.empty();
@@ -88,7 +89,7 @@ std::vector<CameraInfo> WinCameraScanner::getCameras() {
   return cameras;
 }
 
-bool WinCameraScanner::enumerateCaptureLinks() {
+void WinCameraScanner::enumerateCaptureLinks() {
   captureLinks.clear();
 
   // Declared before the attributes, so that it is released after them.
@@ -97,30 +98,27 @@ bool WinCameraScanner::enumerateCaptureLinks() {
   if (FAILED(MFCreateAttributes(&attributes, 1)) ||
       FAILED(attributes->SetGUID(MF_DEVSOURCE_ATTRIBUTE_SOURCE_TYPE, MF_DEVSOURCE_ATTRIBUTE_SOURCE_TYPE_VIDCAP_GUID)) ||
       FAILED(MFEnumDeviceSources(attributes.Get(), &sources.objects, &sources.count))) {
-    return false;
+    return;
   }
 
   for (UINT32 index = 0; index < sources.count; ++index) {
     if (auto link = captureLink(*sources.objects[index])) captureLinks.insert(*std::move(link));
   }
-  return true;
 }
 
 bool WinCameraScanner::buildCameraList() {
-  std::vector<CameraInfo> found;
   bool anySearchSucceeded = false;
   for (const GUID& deviceClass : DeviceClassList) {
     for (const GUID& interfaceClass : kCameraInterfaceClassList) {
       DeviceMap devices;
       if (deviceScanner.search(WinDeviceScanFilter(interfaceClass, deviceClass), devices) != 0) continue;
       anySearchSucceeded = true;
-      // Deliberate: the last batch comes first. A camera's place in the list is part of the identifier by which hosts
-      // recognise it from one scan to the next.
-      const std::vector<CameraInfo> batch = buildBatch(devices);
-      found.insert(found.begin(), batch.begin(), batch.end());
+      // Deliberate: the last batch comes first. That is required; a camera's place in the list is part of its
+      // identifier.
+      std::vector<CameraInfo> batch = buildBatch(devices);
+      cameras.insert(cameras.begin(), std::make_move_iterator(batch.begin()), std::make_move_iterator(batch.end()));
     }
   }
-  cameras = std::move(found);
   return anySearchSucceeded;
 }
 
@@ -130,10 +128,10 @@ std::vector<CameraInfo> WinCameraScanner::buildBatch(const DeviceMap& devices) {
     // Deliberate: one record for all interfaces of a device. What a later interface cannot read, it has from the one
     // before.
     CameraInfo record;
-    readProperty(device.deviceIndex, SPDRP_DEVICEDESC, record.description);
-    readProperty(device.deviceIndex, SPDRP_MFG, record.manufacturer);
-    readProperty(device.deviceIndex, SPDRP_CLASSGUID, record.classGuid);
-    readProperty(device.deviceIndex, SPDRP_HARDWAREID, record.hardwareId);
+    record.description = property(device.deviceIndex, SPDRP_DEVICEDESC).value_or("");
+    record.manufacturer = property(device.deviceIndex, SPDRP_MFG).value_or("");
+    record.classGuid = property(device.deviceIndex, SPDRP_CLASSGUID).value_or("");
+    record.hardwareId = property(device.deviceIndex, SPDRP_HARDWAREID).value_or("");
 
     for (const std::string& path : device.interfacePaths) {
       record.type = typeFromPath(path);
@@ -144,8 +142,9 @@ std::vector<CameraInfo> WinCameraScanner::buildBatch(const DeviceMap& devices) {
 
       record.name = cameraName(record, device.deviceIndex, path);
       record.devicePath = path;
-      readProperty(device.deviceIndex, SPDRP_DRIVER, record.driverKey);
-      if (readDriverVersion(record.driverKey, driverVersionScratch) != DriverVersionRead::kAbsent) {
+      record.driverKey = property(device.deviceIndex, SPDRP_DRIVER).value_or(record.driverKey);
+      if (auto version = WinDeviceInterfaceScanner::readDriverVersion(record.driverKey)) {
+        driverVersionScratch = *std::move(version);
         record.driverVersion = driverVersionScratch;
       }
       batch.push_back(record);
@@ -154,18 +153,14 @@ std::vector<CameraInfo> WinCameraScanner::buildBatch(const DeviceMap& devices) {
   return batch;
 }
 
-void WinCameraScanner::readProperty(std::uint32_t deviceIndex, std::uint32_t property, std::string& field) {
-  auto text = takeText([&](char** out) { return deviceScanner.getRegistryProperty(deviceIndex, property, out); });
-  if (text) field = *std::move(text);
+std::optional<std::string> WinCameraScanner::property(std::uint32_t deviceIndex, std::uint32_t number) {
+  return takeText([&](char** text) { return deviceScanner.getRegistryProperty(deviceIndex, number, text); });
 }
 
 std::string WinCameraScanner::cameraName(const CameraInfo& record, std::uint32_t deviceIndex, const std::string& path) {
-  const auto friendlyName =
-      takeText([&](char** text) { return deviceScanner.getRegistryProperty(deviceIndex, SPDRP_FRIENDLYNAME, text); });
-  if (friendlyName) return *friendlyName;
-  const auto interfaceName =
-      takeText([&](char** text) { return deviceScanner.getInterfaceProperty(path, kNameProperty, text); });
-  if (interfaceName) return *interfaceName;
-  // Deliberate: no blank between the two. Hosts know cameras by identifiers that are derived from this name.
+  if (auto name = property(deviceIndex, SPDRP_FRIENDLYNAME)) return *std::move(name);
+  auto name = takeText([&](char** text) { return deviceScanner.getInterfaceProperty(path, kNameProperty, text); });
+  if (name) return *std::move(name);
+  // Deliberate: no blank between the two. That is required; the camera's identifier is derived from this name.
   return record.manufacturer + (record.type == CameraType::kInternal ? "Internal Camera" : "USB Camera");
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -11,20 +12,20 @@
 /// device interface that is in both, and attached by USB or built in.
 class WinCameraScanner : public CameraScanner {
  public:
-  std::uint32_t scan() override;
+  [[nodiscard]] std::uint32_t scan() override;
   bool hasCameras() override;
   std::uint32_t clear() override;
   std::vector<CameraInfo> getCameras() override;
 
  private:
-  /// Refills `captureLinks`; false when Media Foundation failed. Needs a MediaFoundationSession.
-  bool enumerateCaptureLinks();
-  /// Refills `cameras`; false when no search succeeded.
-  bool buildCameraList();
+  /// Refills `captureLinks`; they stay empty when Media Foundation fails. Needs a MediaSession.
+  void enumerateCaptureLinks();
+  /// Fills `cameras`, which are empty before; false when no search succeeded.
+  [[nodiscard]] bool buildCameraList();
   /// The cameras among the devices of one search.
   std::vector<CameraInfo> buildBatch(const DeviceMap& devices);
-  /// Leaves `field` alone when the device has no such property.
-  void readProperty(std::uint32_t deviceIndex, std::uint32_t property, std::string& field);
+  /// An SPDRP text of a device of the last search; nothing when it has none.
+  std::optional<std::string> property(std::uint32_t deviceIndex, std::uint32_t number);
   /// Needs the record's manufacturer and type.
   std::string cameraName(const CameraInfo& record, std::uint32_t deviceIndex, const std::string& path);
 

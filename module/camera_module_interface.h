@@ -6,7 +6,5 @@
 class CameraModuleInterface : public ModuleInterface {
  public:
   using ModuleInterface::ModuleInterface;
-  ~CameraModuleInterface() override = default;
-
   bool isInteractive() override { return true; }
 };

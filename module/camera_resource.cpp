@@ -18,8 +18,6 @@ CameraResource::CameraResource(const ItemId& itemId) : Resource(itemId) {
       "\n   * Test not supported on CLI\n";
 }
 
-CameraResource::~CameraResource() = default;
-
 std::string CameraResource::diagnosticNameKey(const ItemId& itemId) {
   return itemId.key == kCameraDiagnosticId.key ? camera_keys::kQuickCamera : std::string();
 }

@@ -6,7 +6,6 @@
 class CameraResource : public Resource {
  public:
   explicit CameraResource(const ItemId& itemId);
-  ~CameraResource() override;
 
   std::string diagnosticNameKey(const ItemId& itemId) override;
   std::string testNameKey(const ItemId& itemId) override;

@@ -1,8 +1,8 @@
 #pragma once
 
 // The services that the host lends to its modules. Every object belongs to the host, is always there, and may be called
-// from any thread. The module asks for it at each use and keeps no pointer. The virtual operations are called by place: their
-// order never changes, and places that the module never calls hold placeholders.
+// from any thread. The module asks for it at each use and keeps no pointer. The virtual operations are called by place:
+// their order never changes, and places that the module never calls hold placeholders.
 
 #include <cstddef>
 #include <cstdint>

@@ -12,21 +12,24 @@ class SystemComponentManager;
 class ModuleInterface {
  public:
   ModuleInterface(const std::vector<Diagnostic*>& diagnosticList, Resource* moduleResource,
-                  SystemComponentManager* manager, void* reservedPointer);
-  virtual ~ModuleInterface();
+                  SystemComponentManager* manager, void* reservedPointer)
+      : diagnostics(diagnosticList), resource(moduleResource), componentManager(manager), reserved(reservedPointer) {}
+  virtual ~ModuleInterface() = default;
   ModuleInterface(const ModuleInterface&) = delete;
   ModuleInterface& operator=(const ModuleInterface&) = delete;
 
   /// Null when `index` is out of range.
-  virtual Diagnostic* diagnosticAt(std::uint32_t index);
-  virtual std::size_t diagnosticCount();
-  virtual Resource* getResource();
-  virtual SystemComponentManager* getComponentManager();
+  virtual Diagnostic* diagnosticAt(std::uint32_t index) {
+    return index < diagnostics.size() ? diagnostics[index] : nullptr;
+  }
+  virtual std::size_t diagnosticCount() { return diagnostics.size(); }
+  virtual Resource* getResource() { return resource; }
+  virtual SystemComponentManager* getComponentManager() { return componentManager; }
   /// Null when `index` is out of range; this module has no extras.
-  virtual void* extraAt(std::uint32_t index);
-  virtual std::size_t extraCount();
-  virtual void* getReserved();
-  virtual bool isInteractive();
+  virtual void* extraAt(std::uint32_t index) { return index < extras.size() ? extras[index] : nullptr; }
+  virtual std::size_t extraCount() { return extras.size(); }
+  virtual void* getReserved() { return reserved; }
+  virtual bool isInteractive() { return false; }
 
  private:
   std::vector<Diagnostic*> diagnostics;

@@ -17,13 +17,14 @@ struct AliasEntry {
 /// the help text are string keys that the host translates. Results are copies that the caller owns.
 class Resource {
  public:
-  explicit Resource(const ItemId& itemId);
-  virtual ~Resource();
+  // NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): unsetWord stays unset, see below.
+  explicit Resource(const ItemId& itemId) : id(itemId) {}
+  virtual ~Resource() = default;
   Resource(const Resource&) = delete;
   Resource& operator=(const Resource&) = delete;
 
   /// Returns a field that nothing in the module ever writes.
-  virtual std::uint64_t getUnsetWord();
+  virtual std::uint64_t getUnsetWord() { return unsetWord; }
 
   // An empty text for an identifier that the module does not know.
   virtual std::string diagnosticNameKey(const ItemId& itemId) = 0;
@@ -31,13 +32,13 @@ class Resource {
   virtual std::string diagnosticDescriptionKey(const ItemId& itemId) = 0;
   virtual std::string testDescriptionKey(const ItemId& itemId) = 0;
 
-  virtual std::string getHelpText();
-  virtual std::string getNameKey();
-  virtual std::string getCode();
-  virtual std::map<ItemId, AliasEntry> getTestAliases();
-  virtual std::map<ItemId, AliasEntry> getDiagnosticAliases();
-  virtual std::map<std::int32_t, std::string> getNumberedTexts();
-  virtual void setNumberedTexts(const std::map<std::int32_t, std::string>& texts);
+  virtual std::string getHelpText() { return helpText; }
+  virtual std::string getNameKey() { return nameKey; }
+  virtual std::string getCode() { return code; }
+  virtual std::map<ItemId, AliasEntry> getTestAliases() { return testAliases; }
+  virtual std::map<ItemId, AliasEntry> getDiagnosticAliases() { return diagnosticAliases; }
+  virtual std::map<std::int32_t, std::string> getNumberedTexts() { return numberedTexts; }
+  virtual void setNumberedTexts(const std::map<std::int32_t, std::string>& texts) { numberedTexts = texts; }
 
  protected:
   ItemId id;

@@ -3,34 +3,24 @@
 #include <QString>
 #include <QZXing.h>
 
-#include <cstdint>
-
-#include "capture/camera_frame_capturer.h"
-#include "module/test.h"
+#include "tests/camera_test.h"
 
 class CameraBarcodeWidgetWrapper;
 
 /// Reads a barcode with a camera: passes on the first plausible value, gives an implausible one one more try.
-class CameraBarcodeTest : public Test {
+class CameraBarcodeTest : public CameraTest {
  public:
-  explicit CameraBarcodeTest(const ItemId& itemId);
-  ~CameraBarcodeTest() override;
+  explicit CameraBarcodeTest(const ItemId& itemId) : CameraTest(itemId) {}
 
-  bool isApplicable(SystemComponent* component) override;
   TestResult run(TestExecutionContext* context) override;
-  bool isImplemented() override;
-
-  virtual bool isAbortEvent(std::uint8_t event);
-  virtual bool hasServices(TestExecutionContext* context);
 
  private:
-  TestResult scan(CameraFrameCapturer* capturer, TestExecutionContext* context);
-  TestResult decodeFrames(CameraFrameCapturer* capturer, const FrameFormat& format, CameraBarcodeWidgetWrapper& wrapper,
-                          TestExecutionContext* context);
-  bool isInterrupted(TestExecutionContext* context, CaptureStatus status);
+  [[nodiscard]] TestResult scan(CameraFrameCapturer& capturer, TestExecutionContext* context);
+  /// What the decoded text means, after it the button: the result, or nothing while the scan goes on.
+  [[nodiscard]] std::optional<TestResult> judge(CameraBarcodeWidgetWrapper& wrapper, bool& retried);
   void reportResult(TestResult result, TestExecutionContext* context);
 
-  QZXing decoder;
+  QZXing decoder{nullptr};
   /// What the decoder read in the latest frame; empty when it found nothing.
   QString decodedText;
   /// Set when a second implausible value ended the run; cleared when that is reported.

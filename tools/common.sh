@@ -21,6 +21,7 @@ lock_cache() {
 source_apt() {
   local lists=$cache/apt
   mkdir -p "$lists/state/partial"
+  # shellcheck disable=SC2016 # apt expands the names, not the shell.
   apt-get indextargets --format '$(REPO_URI) $(RELEASE) $(COMPONENT)' 'Origin: Debian' 'Created-By: Packages' |
     sort -u | sed 's|^|deb-src [signed-by=/usr/share/keyrings/debian-archive-keyring.gpg] |' >"$lists/sources.list"
   "$@" -o "Dir::Etc::SourceList=$lists/sources.list" -o Dir::Etc::SourceParts=- -o "Dir::State::Lists=$lists/state" \
@@ -50,10 +51,14 @@ qt_prefix() {
 # The folder of the Wine prefix that programs of the build run in.
 wine_prefix() {
   local recipe
-  recipe=$(cat "$project/tools/make_wine_prefix" | sha256sum | cut -c1-12)
+  recipe=$(sha256sum <"$project/tools/make_wine_prefix" | cut -c1-12)
   printf '%s/wine-%s' "$cache" "$recipe"
 }
 
-# The barcode decoder's source package, and the folder of its unpacked source.
+# The barcode decoder's source package, and the folder of its source, unpacked and edited.
 qzxing_version=3.3.0+dfsg-3
-qzxing_source() { printf '%s/qzxing-%s' "$cache" "${qzxing_version//[^0-9A-Za-z.]/_}"; }
+qzxing_source() {
+  local recipe
+  recipe=$(sha256sum <"$project/tools/fetch_qzxing" | cut -c1-12)
+  printf '%s/qzxing-%s-%s' "$cache" "${qzxing_version//[^0-9A-Za-z.]/_}" "$recipe"
+}

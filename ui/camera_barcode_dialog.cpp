@@ -1,12 +1,9 @@
 #include "ui/camera_barcode_dialog.h"
 
 #include <QGuiApplication>
-#include <QKeyEvent>
-#include <QPixmap>
 #include <QScreen>
 
 #include "ui/barcode_sizes.h"
-#include "ui/dialog_focus.h"
 #include "ui/dialog_text.h"
 #include "ui/ui_camera_barcode_dialog.h"
 #include "ui/viewfinder.h"
@@ -22,8 +19,10 @@ constexpr int kLargeViewfinderWidth = 720;
 }  // namespace
 
 CameraBarcodeDialog::CameraBarcodeDialog(QWidget* parent, QObject* eventFilter)
-    : InputDialog(parent, eventFilter), ui(std::make_unique<Ui::CameraBarcodeDialog>()) {
+    : PictureDialog(parent, eventFilter, HiddenWidgets::kSkip), ui(std::make_unique<Ui::CameraBarcodeDialog>()) {
   ui->setupUi(this);
+  useParts(ui->camera_barcode_test_widget_header, ui->camera_barcode_test_header_close,
+           ui->camera_barcode_test_camera_image);
   setTexts();
   setWindowModality(Qt::ApplicationModal);
   // Unlike the capture test's dialog this one does not stay on top.
@@ -36,7 +35,8 @@ CameraBarcodeDialog::CameraBarcodeDialog(QWidget* parent, QObject* eventFilter)
   ui->camera_barcode_test_header_close->setCursor(Qt::PointingHandCursor);
   ui->camera_barcode_test_button_fail->setCursor(Qt::PointingHandCursor);
   if (IsNarratorRunning()) {
-    prepareForScreenReader();
+    prepareForScreenReader({ui->camera_barcode_test_header_label, ui->camera_barcode_test_fail_text_label,
+                            ui->camera_barcode_test_information_message, ui->camera_barcode_test_camera_image});
   } else {
     ui->camera_barcode_test_button_fail->setFocus(Qt::OtherFocusReason);
   }
@@ -50,9 +50,7 @@ CameraBarcodeDialog::CameraBarcodeDialog(QWidget* parent, QObject* eventFilter)
   setResult(kNoAnswer);
 }
 
-CameraBarcodeDialog::~CameraBarcodeDialog() {
-  announceDestruction();
-}
+CameraBarcodeDialog::~CameraBarcodeDialog() = default;
 
 void CameraBarcodeDialog::setTexts() {
   setWindowTitle(dialogText(dialog_keys::kApplicationName));
@@ -63,17 +61,6 @@ void CameraBarcodeDialog::setTexts() {
   ui->camera_barcode_test_header_label->setText(dialogText(dialog_keys::kCameraBarcodeDialogTitle));
   ui->camera_barcode_test_button_fail->setText(dialogText(dialog_keys::kFail));
   ui->camera_barcode_test_fail_text_label->setText(dialogText(dialog_keys::kCameraFailLabel));
-}
-
-void CameraBarcodeDialog::prepareForScreenReader() {
-  ui->camera_barcode_test_header_label->setFocusPolicy(Qt::StrongFocus);
-  ui->camera_barcode_test_fail_text_label->setFocusPolicy(Qt::StrongFocus);
-  ui->camera_barcode_test_information_message->setFocusPolicy(Qt::StrongFocus);
-  ui->camera_barcode_test_camera_image->setFocusPolicy(Qt::StrongFocus);
-  ui->camera_barcode_test_header_label->setFocus(Qt::OtherFocusReason);
-  ui->camera_barcode_test_header_close->setAccessibleDescription(dialogText(dialog_keys::kClosePopUp));
-  ui->camera_barcode_test_camera_image->setAccessibleDescription(dialogText(dialog_keys::kCamera));
-  focusWidgets = strongFocusWidgets(*this);
 }
 
 void CameraBarcodeDialog::fitToScreen() {
@@ -101,22 +88,20 @@ void CameraBarcodeDialog::ShowRetry() {
 }
 
 bool CameraBarcodeDialog::LoadFrame(QImage image) {
-  if (!image.isNull()) {
-    image = image.scaled(imageWidth, imageHeight, Qt::IgnoreAspectRatio, Qt::FastTransformation);
-    drawViewfinder(image, imageWidth < kLargeViewfinderWidth);
-  }
-  ui->camera_barcode_test_camera_image->setPixmap(QPixmap::fromImage(image));
+  image = stretched(image);
+  drawViewfinder(image, imageWidth < kLargeViewfinderWidth);
+  showPicture(image);
   return true;
 }
 
 void CameraBarcodeDialog::Close() {
-  if (!failed) storeResult(*this, resultTarget, kDialogClosed);
+  if (!failed) storeResult(kDialogClosed);
   emit closing();
   close();
 }
 
 void CameraBarcodeDialog::OnFailButtonClicked() {
-  storeResult(*this, resultTarget, kFailedByUser);
+  storeResult(kFailedByUser);
   failed = true;
   emit closing();
   close();
@@ -124,33 +109,12 @@ void CameraBarcodeDialog::OnFailButtonClicked() {
 
 void CameraBarcodeDialog::OnClosePushButtonClicked() {
   // Closing counts even after the fail button.
-  storeResult(*this, resultTarget, kDialogClosed);
-  if (!failed) storeResult(*this, resultTarget, kDialogClosed);
+  storeResult(kDialogClosed);
+  if (!failed) storeResult(kDialogClosed);
   emit closing();
   close();
 }
 
-void CameraBarcodeDialog::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Escape) {
-    OnClosePushButtonClicked();
-    return;
-  }
-  // Without a screen reader the dialog reacts to Escape only: Enter must not press a button.
-  if (!IsNarratorRunning() || focusWidgets.isEmpty()) return;
-  stepFocus(focusWidgets, event->key(), HiddenWidgets::kSkip);
-  QDialog::keyPressEvent(event);
+void CameraBarcodeDialog::onEscape() {
+  OnClosePushButtonClicked();
 }
-
-void CameraBarcodeDialog::mousePressEvent(QMouseEvent* event) {
-  drag.press(*this, *ui->camera_barcode_test_widget_header, *ui->camera_barcode_test_header_close, *event);
-}
-
-void CameraBarcodeDialog::mouseMoveEvent(QMouseEvent* event) {
-  drag.move(*this, *event);
-}
-
-void CameraBarcodeDialog::mouseReleaseEvent(QMouseEvent*) {
-  drag.release(*this, *ui->camera_barcode_test_widget_header);
-}
-
-void CameraBarcodeDialog::resizeEvent(QResizeEvent*) {}

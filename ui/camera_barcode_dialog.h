@@ -1,22 +1,19 @@
 #pragma once
 
 #include <QImage>
-#include <QList>
 
 #include <cstdint>
 #include <memory>
 
-#include "ui/dialog_result.h"
-#include "ui/input_dialog.h"
-#include "ui/window_drag.h"
+#include "ui/picture_dialog.h"
 
 namespace Ui {
 class CameraBarcodeDialog;
 }
 
 /// The window of the barcode test: the live picture with a viewfinder, and a button to give up. Its result is 2 after
-/// that button and 5 after every other way of closing. Only for the user-interface thread, but for `ShowRetry`.
-class CameraBarcodeDialog : public InputDialog {
+/// that button and 5 after every other way of closing. Only for the user-interface thread.
+class CameraBarcodeDialog : public PictureDialog {
   Q_OBJECT
 
  public:
@@ -24,12 +21,8 @@ class CameraBarcodeDialog : public InputDialog {
   CameraBarcodeDialog(QWidget* parent, QObject* eventFilter);
   ~CameraBarcodeDialog() override;
 
-  /// Switches to the second attempt, for good. The test's thread calls it while the dialog is open, so that it must not
-  /// do more than hide and show widgets and change what takes the focus.
+  /// Switches to the second attempt, for good.
   void ShowRetry();
-
-  /// The wrapper's result, which must outlive the dialog; null for none.
-  DialogResult* resultTarget = nullptr;
 
  signals:
   /// The dialog is about to close itself.
@@ -44,24 +37,15 @@ class CameraBarcodeDialog : public InputDialog {
   void OnClosePushButtonClicked();
 
  protected:
-  void keyPressEvent(QKeyEvent* event) override;
-  void mousePressEvent(QMouseEvent* event) override;
-  void mouseMoveEvent(QMouseEvent* event) override;
-  void mouseReleaseEvent(QMouseEvent* event) override;
-  void resizeEvent(QResizeEvent* event) override;
+  void onEscape() override;
 
  private:
   void setTexts();
-  void prepareForScreenReader();
   void fitToScreen();
 
   std::unique_ptr<Ui::CameraBarcodeDialog> ui;
-  WindowDrag drag;
-  std::int32_t imageWidth = 0;
-  std::int32_t imageHeight = 0;
+  /// The least height of the areas above and below the picture, in pixels.
   std::int32_t grayAreaHeight = 0;
-  /// The keyboard order with a screen reader; empty when none ran as the dialog was made.
-  QList<QWidget*> focusWidgets;
   /// Whether the user pressed the fail button.
   bool failed = false;
 };

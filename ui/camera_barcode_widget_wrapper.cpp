@@ -1,55 +1,57 @@
 #include "ui/camera_barcode_widget_wrapper.h"
 
+#include <QCoreApplication>
+#include <QThread>
+
+#include <chrono>
+#include <future>
+#include <utility>
+
 #include "ui/camera_barcode_dialog.h"
-#include "ui/parked_thread.h"
+
+namespace {
+
+/// Whoever runs on the user-interface thread may itself be waiting for the test.
+constexpr std::chrono::milliseconds kLongestWait(500);
+
+}  // namespace
 
 CameraBarcodeWidgetWrapper::CameraBarcodeWidgetWrapper(QSize size, TestExecutionContext* executionContext)
-    : AbstractWidgetWrapper(executionContext), frameSize(size) {}
-
-CameraBarcodeWidgetWrapper::~CameraBarcodeWidgetWrapper() = default;
+    : DialogWrapper(size, executionContext) {}
 
 bool CameraBarcodeWidgetWrapper::CreateWidget(QWidget* parent, QObject* eventFilter) {
   auto* const created = new CameraBarcodeDialog(parent, eventFilter);
-  dialog.adopt(created, *this);
-
-  result = kNoAnswer;
-  created->setResult(kNoAnswer);
-  created->setAttribute(Qt::WA_DeleteOnClose);
-
-  connect(this, SIGNAL(UpdateFrame(QImage)), created, SLOT(LoadFrame(QImage)));
-  connect(this, SIGNAL(CloseDialog()), created, SLOT(close()));
-  created->resultTarget = &result;
-
-  QImage black(frameSize, QImage::Format_RGB32);
-  black.fill(Qt::black);
-  SendFrame(black);
+  adopt(*created);
+  SendFrame(blackImage(frameSize));
   bringToFront(*created);
   return true;
 }
 
 void CameraBarcodeWidgetWrapper::SendFrame(const QImage& image) {
-  if (dialog.isOpen()) emit UpdateFrame(image);
+  if (isOpen()) emit UpdateFrame(image);
 }
 
 void CameraBarcodeWidgetWrapper::Close() {
-  if (dialog.isOpen()) emit CloseDialog();
+  if (isOpen()) emit CloseDialog();
 }
 
 int CameraBarcodeWidgetWrapper::GetResult() const {
-  const int answer = result.load(std::memory_order_relaxed);
+  const int answer = result;
   return answer == kDialogClosed || answer == kFailedByUser ? answer : kNoAnswer;
 }
 
 void CameraBarcodeWidgetWrapper::ShowRetry() {
-  if (!dialog.exists()) return;
-  // Before the dialog is locked: its own end waits for that lock on the thread to be parked.
-  const ParkedUserInterfaceThread thread;
-  dialog.with([&thread](CameraBarcodeDialog& open) {
-    if (thread.isStill()) {
-      open.ShowRetry();
-    } else {
-      // The user-interface thread is busy with something else: it follows when it can.
-      QMetaObject::invokeMethod(&open, &CameraBarcodeDialog::ShowRetry, Qt::QueuedConnection);
-    }
-  });
+  if (!dialog) return;
+  const auto retry = [this, share = weak_from_this().lock()] {
+    if (auto* const open = qobject_cast<CameraBarcodeDialog*>(dialog.load())) open->ShowRetry();
+  };
+  QCoreApplication* const application = QCoreApplication::instance();
+  if (QThread::currentThread() == application->thread()) {
+    retry();
+    return;
+  }
+  std::packaged_task<void()> task(retry);
+  const std::future<void> done = task.get_future();
+  QMetaObject::invokeMethod(application, std::move(task), Qt::QueuedConnection);
+  done.wait_for(kLongestWait);
 }

@@ -1,29 +1,14 @@
 #pragma once
 
-#include <QImage>
-#include <QObject>
-#include <QSize>
+#include "ui/dialog_wrapper.h"
 
-#include <memory>
-
-#include "ui/abstract_widget_wrapper.h"
-#include "ui/dialog_result.h"
-#include "ui/guarded_dialog.h"
-
-class CameraBarcodeDialog;
-
-/// The barcode test's bridge to its dialog. The test makes it with std::make_shared on its own thread and calls all but
-/// `CreateWidget` there; the host's user-interface thread creates the dialog. The dialog holds a share of the wrapper
-/// until it is gone, so that the test may let go at any time.
-class CameraBarcodeWidgetWrapper : public QObject,
-                                   public AbstractWidgetWrapper,
-                                   public std::enable_shared_from_this<CameraBarcodeWidgetWrapper> {
+/// The barcode test's bridge to its dialog.
+class CameraBarcodeWidgetWrapper : public DialogWrapper {
   Q_OBJECT
 
  public:
   /// `size` is the size of the camera's frames in pixels.
   CameraBarcodeWidgetWrapper(QSize size, TestExecutionContext* executionContext);
-  ~CameraBarcodeWidgetWrapper() override;
 
   /// Always true. The dialog gets no context and chooses its own size.
   bool CreateWidget(QWidget* parent, QObject* eventFilter) override;
@@ -33,17 +18,12 @@ class CameraBarcodeWidgetWrapper : public QObject,
   /// Asks the dialog to close; does nothing when there is no dialog or it has been answered.
   void Close();
   /// 5 when the dialog was closed, 2 when the user pressed the fail button, else 0.
-  int GetResult() const;
-  /// Switches the dialog, if there is one, to the second attempt: directly, on the test's thread, while the
-  /// user-interface thread stands still.
+  [[nodiscard]] int GetResult() const;
+  /// Switches the dialog, if there is one, to the second attempt: at once on the user-interface thread, otherwise
+  /// through it. Returns when it has happened, at the latest after 500 ms; it then follows.
   void ShowRetry();
 
  signals:
   void UpdateFrame(QImage image);
   void CloseDialog();
-
- private:
-  QSize frameSize;
-  GuardedDialog<CameraBarcodeDialog> dialog;
-  DialogResult result = kNoAnswer;
 };

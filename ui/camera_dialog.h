@@ -1,14 +1,10 @@
 #pragma once
 
 #include <QImage>
-#include <QList>
 
-#include <cstdint>
 #include <memory>
 
-#include "ui/dialog_result.h"
-#include "ui/input_dialog.h"
-#include "ui/window_drag.h"
+#include "ui/picture_dialog.h"
 
 namespace Ui {
 class CameraDialog;
@@ -16,7 +12,7 @@ class CameraDialog;
 
 /// The window of the capture test: the live picture of the camera. However it is closed, its result is 5. Only for the
 /// user-interface thread.
-class CameraDialog : public InputDialog {
+class CameraDialog : public PictureDialog {
   Q_OBJECT
 
  public:
@@ -26,9 +22,6 @@ class CameraDialog : public InputDialog {
 
   /// The size, in pixels, to which every frame is stretched; also the greatest size of the picture's label.
   void SetImageSize(int width, int height);
-
-  /// The wrapper's result, which must outlive the dialog; null for none.
-  DialogResult* resultTarget = nullptr;
 
  signals:
   /// The dialog is about to close itself.
@@ -40,19 +33,8 @@ class CameraDialog : public InputDialog {
   void Close();
 
  protected:
-  void keyPressEvent(QKeyEvent* event) override;
-  void mousePressEvent(QMouseEvent* event) override;
-  void mouseMoveEvent(QMouseEvent* event) override;
-  void mouseReleaseEvent(QMouseEvent* event) override;
-  void resizeEvent(QResizeEvent* event) override;
+  void onEscape() override;
 
  private:
-  void prepareForScreenReader();
-
   std::unique_ptr<Ui::CameraDialog> ui;
-  std::int32_t imageWidth = 640;
-  std::int32_t imageHeight = 480;
-  /// The keyboard order with a screen reader; empty when none ran as the dialog was made.
-  QList<QWidget*> focusWidgets;
-  WindowDrag drag;
 };

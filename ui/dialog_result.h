@@ -3,10 +3,8 @@
 #include <atomic>
 #include <cstdint>
 
-class QDialog;
-
-/// A dialog's answer: written on the user-interface thread, polled by the test's thread. A stale read only costs the
-/// test one more pass of its loop, so that nothing waits for it.
+/// What a dialog tells the test's thread: written on the user-interface thread only. A stale read only costs the test
+/// one more pass of its loop, so that nothing waits for it.
 using DialogResult = std::atomic<std::int32_t>;
 static_assert(DialogResult::is_always_lock_free && sizeof(DialogResult) == 4);
 
@@ -14,9 +12,3 @@ static_assert(DialogResult::is_always_lock_free && sizeof(DialogResult) == 4);
 constexpr int kNoAnswer = 0;
 constexpr int kFailedByUser = 2;
 constexpr int kDialogClosed = 5;
-
-/// Leaves the answer in the dialog and, unless it is null, in `target`.
-void storeResult(QDialog& dialog, DialogResult* target, int answer);
-
-/// Shows the dialog above all other windows, without keeping it there.
-void bringToFront(QDialog& dialog);

@@ -6,7 +6,6 @@
 #include <QTimer>
 
 #include <chrono>
-#include <utility>
 
 #include "module/test_execution_context.h"
 
@@ -49,8 +48,4 @@ void InputDialog::accept() {
 
 void InputDialog::reject() {
   done(result());
-}
-
-void InputDialog::announceDestruction() {
-  if (beforeDestruction) std::exchange(beforeDestruction, nullptr)();
 }

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <functional>
-
 #include "utils/accessibility/accessible_dialog_base.h"
 
 class TestExecutionContext;
@@ -23,12 +21,4 @@ class InputDialog : public vexa::utils::accessibility::AccessibleDialogBase {
 
   /// The running test's context; the host's. Null when cancelling the test shall not finish `exec()`.
   TestExecutionContext* context = nullptr;
-
-  /// Called once, at the start of the destruction, while the whole dialog is still there: whoever uses it from another
-  /// thread lets go of it here.
-  std::function<void()> beforeDestruction;
-
- protected:
-  /// Calls `beforeDestruction`. The first thing in the destructor of every derived dialog.
-  void announceDestruction();
 };

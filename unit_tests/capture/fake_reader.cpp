@@ -1,20 +1,21 @@
 #include "unit_tests/capture/fake_reader.h"
 
 #include <algorithm>
+#include <cstring>
+#include <functional>
 #include <memory>
+#include <utility>
 
 #include <gtest/gtest.h>
 
-#include "unit_tests/fakes/com_object.h"
+#include "unit_tests/fakes/fake_com_object.h"
+#include "unit_tests/fakes/substitute_import.h"
 
 using Microsoft::WRL::ComPtr;
 
 namespace {
 
-std::unique_ptr<ScriptedCapture>& state() {
-  static auto script = std::make_unique<ScriptedCapture>();
-  return script;
-}
+std::unique_ptr<ScriptedCapture> script = std::make_unique<ScriptedCapture>();
 
 bool fails(const std::string& call) {
   return scriptedCapture().failing.count(call) != 0;
@@ -23,7 +24,7 @@ HRESULT answer(const std::string& call) {
   return fails(call) ? E_FAIL : S_OK;
 }
 
-class FakeSource : public ComObject<IMFMediaSource> {
+class FakeSource : public FakeComObject<IMFMediaSource> {
  public:
   STDMETHODIMP GetEvent(DWORD, IMFMediaEvent**) override { return E_NOTIMPL; }
   STDMETHODIMP BeginGetEvent(IMFAsyncCallback*, IUnknown*) override { return E_NOTIMPL; }
@@ -40,14 +41,14 @@ class FakeSource : public ComObject<IMFMediaSource> {
   }
 };
 
-class FakeReader : public ComObject<IMFSourceReader> {
+class FakeReader : public FakeComObject<IMFSourceReader> {
  public:
   explicit FakeReader(IMFSourceReaderCallback* readerCallback) : callback(readerCallback) {
     scriptedCapture().callback = readerCallback;
   }
   ~FakeReader() override {
     scriptedCapture().callback = nullptr;
-    scriptedCapture().cleanUp.push_back("reader");
+    scriptedCapture().note("reader");
   }
 
   STDMETHODIMP GetStreamSelection(DWORD, BOOL*) override { return E_NOTIMPL; }
@@ -57,31 +58,35 @@ class FakeReader : public ComObject<IMFSourceReader> {
     return expected ? answer("SetStreamSelection " + std::to_string(selections)) : E_INVALIDARG;
   }
   STDMETHODIMP GetNativeMediaType(DWORD, DWORD, IMFMediaType**) override { return E_NOTIMPL; }
-  STDMETHODIMP GetCurrentMediaType(DWORD, IMFMediaType** type) override {
-    if (fails("GetCurrentMediaType")) return E_FAIL;
-    const ScriptedCapture& script = scriptedCapture();
+  STDMETHODIMP GetCurrentMediaType(DWORD stream, IMFMediaType** type) override {
+    if (fails("GetCurrentMediaType") || stream != kFirstVideoStream) return E_FAIL;
     ComPtr<IMFMediaType> made;
     MFCreateMediaType(&made);
-    made->SetGUID(MF_MT_SUBTYPE, script.subtype);
-    if (script.hasFrameSize) MFSetAttributeSize(made.Get(), MF_MT_FRAME_SIZE, script.width, script.height);
-    if (script.hasFrameRate) MFSetAttributeRatio(made.Get(), MF_MT_FRAME_RATE, 30, 1);
-    if (script.hasStride) made->SetUINT32(MF_MT_DEFAULT_STRIDE, static_cast<UINT32>(script.stride));
+    made->SetGUID(MF_MT_SUBTYPE, fails("subtype") ? MFVideoFormat_NV12 : MFVideoFormat_RGB32);
+    if (!fails("frame size")) MFSetAttributeSize(made.Get(), MF_MT_FRAME_SIZE, 2, 1);
+    if (!fails("frame rate")) MFSetAttributeRatio(made.Get(), MF_MT_FRAME_RATE, 30, 1);
+    if (script->stride) made->SetUINT32(MF_MT_DEFAULT_STRIDE, static_cast<UINT32>(*script->stride));
     *type = made.Detach();
     return S_OK;
   }
-  STDMETHODIMP SetCurrentMediaType(DWORD stream, DWORD*, IMFMediaType* type) override {
+  STDMETHODIMP SetCurrentMediaType(DWORD stream, DWORD* reserved, IMFMediaType* type) override {
     GUID major = {};
     GUID subtype = {};
     type->GetGUID(MF_MT_MAJOR_TYPE, &major);
     type->GetGUID(MF_MT_SUBTYPE, &subtype);
-    if (stream != kFirstVideoStream || major != MFMediaType_Video || subtype != MFVideoFormat_RGB32)
-      return E_INVALIDARG;
-    return answer("SetCurrentMediaType");
+    const bool expected =
+        stream == kFirstVideoStream && !reserved && major == MFMediaType_Video && subtype == MFVideoFormat_RGB32;
+    return expected ? answer("SetCurrentMediaType") : E_INVALIDARG;
   }
   STDMETHODIMP SetCurrentPosition(REFGUID, REFPROPVARIANT) override { return E_NOTIMPL; }
-  STDMETHODIMP ReadSample(DWORD, DWORD, DWORD*, DWORD*, LONGLONG*, IMFSample**) override {
-    const int number = ++scriptedCapture().reads;
-    return answer("ReadSample " + std::to_string(number));
+  STDMETHODIMP ReadSample(DWORD stream, DWORD flags, DWORD* index, DWORD* streamFlags, LONGLONG* time,
+                          IMFSample** sample) override {
+    // Asynchronous reads take no places for their results.
+    const bool expected = stream == kFirstVideoStream && flags == 0 && !index && !streamFlags && !time && !sample;
+    const HRESULT hr = answer("ReadSample " + std::to_string(scriptedCapture().reads + 1));
+    // Last: a test that waits for the read then changes the script.
+    ++scriptedCapture().reads;
+    return expected ? hr : E_INVALIDARG;
   }
   STDMETHODIMP Flush(DWORD) override { return E_NOTIMPL; }
   STDMETHODIMP GetServiceForStream(DWORD, REFGUID, REFIID, void**) override { return E_NOTIMPL; }
@@ -93,56 +98,99 @@ class FakeReader : public ComObject<IMFSourceReader> {
   int selections = 0;
 };
 
-class FaultyBuffer : public ComObject<IMFMediaBuffer> {
+/// A buffer of which only the length and the lock may fail.
+class FakeBuffer : public FakeComObject<IMFMediaBuffer> {
  public:
-  explicit FaultyBuffer(BufferFault bufferFault) : fault(bufferFault) {}
-  STDMETHODIMP Lock(BYTE**, DWORD*, DWORD*) override { return E_FAIL; }
+  FakeBuffer(const std::vector<std::uint8_t>& content, HRESULT length, std::function<HRESULT()> lock)
+      : bytes(content), lengthAnswer(length), locking(std::move(lock)) {}
+  STDMETHODIMP Lock(BYTE** data, DWORD*, DWORD*) override {
+    *data = bytes.data();
+    const HRESULT hr = locking();
+    locked = SUCCEEDED(hr);
+    return hr;
+  }
   STDMETHODIMP Unlock() override {
-    ADD_FAILURE() << "unlocked what was not locked";
-    return E_FAIL;
+    EXPECT_TRUE(std::exchange(locked, false)) << "unlocked what was not locked";
+    return S_OK;
   }
   STDMETHODIMP GetCurrentLength(DWORD* length) override {
-    *length = 8;
-    return fault == BufferFault::kGetLength ? MF_E_INVALIDREQUEST : S_OK;
+    *length = static_cast<DWORD>(bytes.size());
+    return lengthAnswer;
   }
   STDMETHODIMP SetCurrentLength(DWORD) override { return E_NOTIMPL; }
   STDMETHODIMP GetMaxLength(DWORD*) override { return E_NOTIMPL; }
 
  private:
-  BufferFault fault;
+  std::vector<std::uint8_t> bytes;
+  HRESULT lengthAnswer;
+  std::function<HRESULT()> locking;
+  bool locked = false;
 };
 
-// The system's own function behind one that is replaced here.
-template <class Function>
-Function userFunction(const char* name) {
-  return reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"user32.dll"), name)));
+ComPtr<IMFSample> sampleOf(const std::vector<std::uint8_t>& bytes, HRESULT length, std::function<HRESULT()> lock) {
+  ComPtr<IMFSample> sample;
+  MFCreateSample(&sample);
+  sample->AddBuffer(ComPtr<IMFMediaBuffer>(new FakeBuffer(bytes, length, std::move(lock))).Get());
+  return sample;
 }
 
 HDEVNOTIFY WINAPI registerNotification(HANDLE window, void* filter, DWORD flags) {
-  if (fails("RegisterDeviceNotification") || !window || flags != DEVICE_NOTIFY_ALL_INTERFACE_CLASSES) return nullptr;
-  static const auto real = userFunction<decltype(&RegisterDeviceNotificationW)>("RegisterDeviceNotificationW");
+  const auto* wanted = static_cast<const DEV_BROADCAST_DEVICEINTERFACE_W*>(filter);
+  const bool everyClass = wanted->dbcc_size == 32 && wanted->dbcc_devicetype == 5 && wanted->dbcc_reserved == 0 &&
+                          wanted->dbcc_classguid == GUID{} && wanted->dbcc_name[0] == L'\0' && flags == 4;
+  if (fails("RegisterDeviceNotification") || !window || !everyClass) return nullptr;
+  static const auto real =
+      systemFunction<decltype(RegisterDeviceNotificationW)>(L"user32", "RegisterDeviceNotificationW");
   const HDEVNOTIFY notification = real(window, filter, flags);
   if (notification) ++scriptedCapture().notifications;
   return notification;
 }
 
 BOOL WINAPI unregisterNotification(HDEVNOTIFY notification) {
-  scriptedCapture().cleanUp.push_back("notification");
+  scriptedCapture().note("UnregisterDeviceNotification");
   if (!notification) return FALSE;
   --scriptedCapture().notifications;
-  static const auto real = userFunction<decltype(&UnregisterDeviceNotification)>("UnregisterDeviceNotification");
+  static const auto real =
+      systemFunction<decltype(UnregisterDeviceNotification)>(L"user32", "UnregisterDeviceNotification");
   return real(notification);
+}
+
+BOOL WINAPI destroyWindow(HWND window) {
+  scriptedCapture().note("DestroyWindow");
+  static const auto real = systemFunction<decltype(DestroyWindow)>(L"user32", "DestroyWindow");
+  return real(window);
+}
+
+LRESULT WINAPI sendMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_CLOSE) scriptedCapture().note("WM_CLOSE");
+  static const auto real = systemFunction<decltype(SendMessageW)>(L"user32", "SendMessageW");
+  return real(window, message, wParam, lParam);
+}
+
+BOOL WINAPI unregisterClass(LPCWSTR name, HINSTANCE program) {
+  static const auto real = systemFunction<decltype(UnregisterClassW)>(L"user32", "UnregisterClassW");
+  const BOOL done = real(name, program);
+  scriptedCapture().note("UnregisterClass");
+  return done;
+}
+
+void WINAPI uninitializeCom() {
+  scriptedCapture().note("CoUninitialize");
+  static const auto real = systemFunction<decltype(CoUninitialize)>(L"ole32", "CoUninitialize");
+  real();
 }
 
 }  // namespace
 
-// Imported functions are replaced through their pointers, Media Foundation's by name.
-extern "C" {
-extern const void* const __imp_RegisterDeviceNotificationW;
-extern const void* const __imp_UnregisterDeviceNotification;
-const void* const __imp_RegisterDeviceNotificationW = reinterpret_cast<const void*>(&registerNotification);
-const void* const __imp_UnregisterDeviceNotification = reinterpret_cast<const void*>(&unregisterNotification);
+SUBSTITUTE_IMPORT(RegisterDeviceNotificationW, registerNotification);
+SUBSTITUTE_IMPORT(UnregisterDeviceNotification, unregisterNotification);
+SUBSTITUTE_IMPORT(DestroyWindow, destroyWindow);
+SUBSTITUTE_IMPORT(SendMessageW, sendMessage);
+SUBSTITUTE_IMPORT(UnregisterClassW, unregisterClass);
+SUBSTITUTE_IMPORT(CoUninitialize, uninitializeCom);
 
+// Media Foundation's functions are not declared as imports: the program's own definitions come first.
+extern "C" {
 HRESULT WINAPI MFStartup(ULONG version, DWORD flags) {
   if (version != 0x20070 || flags != MFSTARTUP_FULL) return E_INVALIDARG;
   ++scriptedCapture().startUps;
@@ -151,7 +199,7 @@ HRESULT WINAPI MFStartup(ULONG version, DWORD flags) {
 
 HRESULT WINAPI MFShutdown() {
   ++scriptedCapture().shutDowns;
-  scriptedCapture().cleanUp.push_back("media foundation");
+  scriptedCapture().note("MFShutdown");
   return S_OK;
 }
 
@@ -163,7 +211,7 @@ HRESULT WINAPI MFCreateDeviceSource(IMFAttributes* attributes, IMFMediaSource** 
   WCHAR link[256] = L"";
   attributes->GetString(MF_DEVSOURCE_ATTRIBUTE_SOURCE_TYPE_VIDCAP_SYMBOLIC_LINK, link, 256, nullptr);
   scriptedCapture().openedLink = link;
-  *source = new FakeSource;
+  *source = ComPtr<IMFMediaSource>(new FakeSource).Detach();
   return S_OK;
 }
 
@@ -174,40 +222,54 @@ HRESULT WINAPI MFCreateSourceReaderFromMediaSource(IMFMediaSource*, IMFAttribute
   ComPtr<IMFSourceReaderCallback> callback;
   const HRESULT hr = attributes->GetUnknown(MF_SOURCE_READER_ASYNC_CALLBACK, IID_PPV_ARGS(&callback));
   if (FAILED(hr)) return hr;
-  *reader = new FakeReader(callback.Get());
+  *reader = ComPtr<IMFSourceReader>(new FakeReader(callback.Get())).Detach();
   return S_OK;
 }
 }
 
+void ScriptedCapture::note(const std::string& step) {
+  const std::lock_guard lock(mutex);
+  steps += ' ' + step;
+}
+
+std::string ScriptedCapture::cleanUp() const {
+  const std::lock_guard lock(mutex);
+  return steps;
+}
+
 ScriptedCapture& scriptedCapture() {
-  return *state();
+  return *script;
 }
 
 void resetScriptedCapture() {
-  state() = std::make_unique<ScriptedCapture>();
+  script = std::make_unique<ScriptedCapture>();
 }
 
 ComPtr<IMFSample> makeSample(const std::vector<std::uint8_t>& bytes) {
-  ComPtr<IMFMediaBuffer> buffer;
-  MFCreateMemoryBuffer(static_cast<DWORD>(bytes.size()), &buffer);
-  BYTE* data = nullptr;
-  buffer->Lock(&data, nullptr, nullptr);
-  std::copy(bytes.begin(), bytes.end(), data);
-  buffer->Unlock();
-  buffer->SetCurrentLength(static_cast<DWORD>(bytes.size()));
-  ComPtr<IMFSample> sample;
-  MFCreateSample(&sample);
-  sample->AddBuffer(buffer.Get());
-  return sample;
+  return sampleOf(bytes, S_OK, [] { return S_OK; });
+}
+
+ComPtr<IMFSample> makeGatedSample(Gate& gate) {
+  return sampleOf({0, 0, 0, 0}, S_OK, [&gate] {
+    gate.reached.release();
+    gate.open.acquire();
+    return S_OK;
+  });
 }
 
 ComPtr<IMFSample> makeFaultySample(BufferFault fault) {
-  ComPtr<IMFSample> sample;
-  MFCreateSample(&sample);
-  if (fault == BufferFault::kGetBuffer) return sample;  // without a buffer
-  ComPtr<IMFMediaBuffer> buffer;
-  // mingw's ComPtr::Attach takes a reference of its own.
-  *buffer.GetAddressOf() = new FaultyBuffer(fault);
-  sample->AddBuffer(buffer.Get());
+  ComPtr<IMFSample> sample =
+      sampleOf(std::vector<std::uint8_t>(8), fault == BufferFault::kGetLength ? MF_E_INVALIDREQUEST : S_OK,
+               [] { return E_FAIL; });
+  if (fault == BufferFault::kGetBuffer) sample->RemoveAllBuffers();
   return sample;
+}
+
+void broadcast(WPARAM event, const std::wstring& name, DWORD type) {
+  std::vector<std::uint8_t> memory(sizeof(DEV_BROADCAST_DEVICEINTERFACE_W) + name.size() * sizeof(wchar_t));
+  auto* payload = reinterpret_cast<DEV_BROADCAST_DEVICEINTERFACE_W*>(memory.data());
+  payload->dbcc_size = static_cast<DWORD>(memory.size());
+  payload->dbcc_devicetype = type;
+  std::memcpy(payload->dbcc_name, name.c_str(), (name.size() + 1) * sizeof(wchar_t));
+  SendMessageW(FindWindowW(L"CameraCLASS", L"CameraWindow"), WM_DEVICECHANGE, event, reinterpret_cast<LPARAM>(payload));
 }

@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
 """Compares tables of virtual operations with the expected ones.
 
-class_tables.py microsoft EXPECTED -- COMMAND…   COMMAND is clang with -fdump-vtable-layouts over class_probes.cpp
+class_tables.py microsoft EXPECTED PROBES -- COMMAND…   COMMAND is clang with -fdump-vtable-layouts; PROBES its source,
+                                                 completed with an instantiation for every class
 class_tables.py gnu EXPECTED DUMP                DUMP is what GCC's -fdump-lang-class wrote
 class_tables.py document EXPECTED PAGE           PAGE repeats EXPECTED between two markers; --write renews it
 """
@@ -112,10 +113,12 @@ def check_document(expected, page, write):
 
 def main(mode, path, *rest):
     if mode == "microsoft":
-        clang = subprocess.run(rest[1:], capture_output=True, text=True)
+        expected = read_expected(path)
+        source = open(rest[0], encoding="utf-8").read() + "".join(f"template struct Probe<{name}>;\n" for name in expected)
+        clang = subprocess.run([*rest[2:], "-x", "c++", "-"], input=source, capture_output=True, text=True)
         if clang.returncode:
             sys.exit(clang.stderr)
-        return compare(read_expected(path), read_microsoft(clang.stdout))
+        return compare(expected, read_microsoft(clang.stdout))
     if mode == "gnu":
         return compare(read_expected(path), read_gnu(open(rest[0], encoding="utf-8").read()))
     if mode == "document":

@@ -12,8 +12,8 @@
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 using testing::Pair;
+using testing::ThrowsMessage;
 
 /// A reference to a component's capturer; it tells whether the component has given up its own.
 class CapturerWatch {
@@ -32,106 +32,70 @@ class CapturerWatch {
   WinCameraFrameCapturer* capturer;
 };
 
-TEST_F(CameraFixture, aComponentDescribesItsCamera) {
-  CameraInfo info;
-  info.name = "Cam";
-  info.description = "Description";
-  info.manufacturer = "Acme";
-  info.hardwareId = "Hardware";
-  info.devicePath = "path";
-  info.type = CameraType::kUsb;
-  WinCameraComponent usb(info, 0);
-  info.type = CameraType::kInternal;
-  info.driverVersion = "1.2";
-  WinCameraComponent internal(info, 4000000000);
+class CameraComponentManagerTest : public CameraFixture {
+ protected:
+  std::unique_ptr<CameraComponentManager> manager = std::make_unique<CameraComponentManager>(ItemId(17, 0, 0));
+};
 
+TEST_F(CameraComponentManagerTest, AComponentDescribesItsCamera) {
+  CameraInfo info{"path", "Cam", "Acme", "Description", "Hardware", "Class", "Driver", "", CameraType::kUsb};
+  WinCameraComponent usb(info, 0);
+  EXPECT_EQ(usb.getDescription().name, "Cam");
   EXPECT_THAT(usb.getDescription().properties,
               ElementsAre(Pair("UDI", "id of Cam_0"), Pair("CAMERA_DESCRIPTION", "Description"),
                           Pair("CAMERA_MANUFACTURER", "Acme"), Pair("CAMERA_TYPE", "USB"),
                           Pair("CAMERA_HARDWARE_ID", "Hardware")));
-  const ComponentDescription description = internal.getDescription();
-  EXPECT_EQ(description.name, "Cam");
-  EXPECT_EQ(description.detail, "");
-  EXPECT_THAT(description.attributes, IsEmpty());
-  ASSERT_EQ(description.properties.size(), 6u);
-  EXPECT_THAT(description.properties[0], Pair("UDI", "id of Cam_4000000000"));
-  EXPECT_THAT(description.properties[3], Pair("CAMERA_TYPE", "Display"));
-  EXPECT_THAT(description.properties[5], Pair("DRIVER_VERSION", "1.2"));
+
+  info.type = CameraType::kInternal;
+  info.driverVersion = "1.2";
+  WinCameraComponent internal(info, 4000000000);
+  const auto properties = internal.getDescription().properties;
+  ASSERT_EQ(properties.size(), 6u);
+  EXPECT_THAT(properties[0], Pair("UDI", "id of Cam_4000000000"));
+  EXPECT_THAT(properties[3], Pair("CAMERA_TYPE", "Display"));
+  EXPECT_THAT(properties[5], Pair("DRIVER_VERSION", "1.2"));
   EXPECT_EQ(internal.getId(), "4000000000");
-  EXPECT_THAT(internal.getSubComponents(), IsEmpty());
-  EXPECT_EQ(internal.getCameraInfo().devicePath, "path");
 }
 
-TEST_F(CameraFixture, aCapturerOutlivesItsComponentWhileItIsReferenced) {
-  auto component = std::make_unique<WinCameraComponent>(CameraInfo(), 0);
-  CapturerWatch watch(component.get());
-  EXPECT_FALSE(watch.componentIsGone());
-  component.reset();
-  EXPECT_TRUE(watch.componentIsGone());
-}
-
-class CameraComponentManagerTest : public CameraFixture {
- protected:
-  ~CameraComponentManagerTest() override {
-    // A manager leaves its components alive.
-    scriptedSetupApi().devices.clear();
-    manager.refresh();
-  }
-
-  CameraComponentManager manager{ItemId(17, 0, 0)};
-};
-
-TEST_F(CameraComponentManagerTest, answersBeyondItsComponents) {
-  EXPECT_FALSE(manager.hasComponents());
-  manager.refresh();
-  EXPECT_EQ(manager.getComponentCount(), 0u);
-  EXPECT_EQ(manager.getComponent(0), nullptr);
-  EXPECT_THROW(manager.componentAt(0), std::out_of_range);
+TEST_F(CameraComponentManagerTest, AnswersBeyondItsComponents) {
+  const auto atTheEnd = ThrowsMessage<std::out_of_range>("invalid vector subscript");
+  EXPECT_FALSE(manager->hasComponents());
+  manager->refresh();
+  EXPECT_EQ(manager->getComponentCount(), 0u);
+  EXPECT_THAT([this] { manager->componentAt(0); }, atTheEnd);
 
   plugInCamera(L"A", kCameraSetupClass, L"\\\\?\\usb#a");
   plugInCamera(L"B", kCameraSetupClass, L"\\\\?\\usb#b");
-  EXPECT_TRUE(manager.hasComponents());
-  EXPECT_EQ(manager.getComponentCount(), 0u) << "asking does not scan";
-  manager.refresh();
-  ASSERT_EQ(manager.getComponentCount(), 2u);
-  EXPECT_EQ(manager.componentAt(1), manager.getComponent(1));
-  EXPECT_EQ(manager.componentAt(1)->getDescription().name, "Name of B");
-  EXPECT_EQ(manager.componentAt(1)->getId(), "1");
-  EXPECT_EQ(manager.getComponent(2), nullptr);
-  EXPECT_EQ(manager.componentAt(3), nullptr);
-  try {
-    manager.componentAt(2);
-    FAIL() << "no exception";
-  } catch (const std::out_of_range& exception) {
-    EXPECT_STREQ(exception.what(), "invalid vector subscript");
-  }
+  EXPECT_TRUE(manager->hasComponents());
+  EXPECT_EQ(manager->getComponentCount(), 0u) << "asking does not scan";
+  manager->refresh();
+  ASSERT_EQ(manager->getComponentCount(), 2u);
+  EXPECT_EQ(manager->componentAt(1), manager->getComponent(1));
+  EXPECT_EQ(manager->componentAt(1)->getDescription().name, "Name of B");
+  EXPECT_EQ(manager->componentAt(1)->getId(), "1");
+  EXPECT_THAT([this] { manager->componentAt(2); }, atTheEnd);
+  EXPECT_EQ(manager->componentAt(3), nullptr);
 }
 
-TEST_F(CameraComponentManagerTest, aRescanReplacesTheComponentsUnlessItFails) {
+TEST_F(CameraComponentManagerTest, ARescanThatSucceedsAloneEndsComponents) {
   plugInCamera(L"A", kCameraSetupClass, L"\\\\?\\usb#a");
-  manager.refresh();
-  ASSERT_EQ(manager.getComponentCount(), 1u);
-  SystemComponent* first = manager.getComponent(0);
+  manager->refresh();
+  ASSERT_EQ(manager->getComponentCount(), 1u);
+  SystemComponent* first = manager->getComponent(0);
   CapturerWatch watch(first);
 
   systemScript().failCall("MFStartup", systemScript().calls("MFStartup") + 1);
-  manager.refresh();
-  EXPECT_EQ(manager.getComponent(0), first);
+  manager->refresh();
+  EXPECT_EQ(manager->getComponent(0), first);
   EXPECT_FALSE(watch.componentIsGone());
 
-  manager.refresh();
-  EXPECT_EQ(manager.getComponentCount(), 1u);
+  manager->refresh();
   EXPECT_TRUE(watch.componentIsGone());
-}
-
-TEST_F(CameraComponentManagerTest, leavesTheComponentsToTheHostThatMayStillHoldThem) {
-  plugInCamera(L"A", kCameraSetupClass, L"\\\\?\\usb#a");
-  auto other = std::make_unique<CameraComponentManager>(ItemId(17, 0, 0));
-  other->refresh();
-  const std::unique_ptr<SystemComponent> component(other->getComponent(0));
-  CapturerWatch watch(component.get());
-  other.reset();
-  EXPECT_FALSE(watch.componentIsGone());
+  ASSERT_EQ(manager->getComponentCount(), 1u);
+  const std::unique_ptr<SystemComponent> second(manager->getComponent(0));
+  CapturerWatch watchOfSecond(second.get());
+  manager.reset();
+  EXPECT_FALSE(watchOfSecond.componentIsGone()) << "the host may still hold it";
 }
 
 }  // namespace

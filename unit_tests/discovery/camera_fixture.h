@@ -8,19 +8,17 @@
 
 #include <gtest/gtest.h>
 
-#include "module/keys/device_classes.h"
-#include "unit_tests/fakes/com_object.h"
+#include "unit_tests/fakes/fake_com_object.h"
 #include "unit_tests/fakes/fake_host_services.h"
 #include "unit_tests/fakes/scripted_media_foundation.h"
-#include "unit_tests/fakes/scripted_registry.h"
 #include "unit_tests/fakes/scripted_setupapi.h"
 #include "unit_tests/fakes/system_script.h"
 
-constexpr GUID kCameraSetupClass = DeviceClassList[0];
-constexpr GUID kImageSetupClass = DeviceClassList[1];
-constexpr GUID kMediaSetupClass = DeviceClassList[2];
-constexpr GUID kVideoCameraInterface = kCameraInterfaceClassList[0];
-constexpr GUID kCaptureInterface = kCameraInterfaceClassList[1];
+constexpr GUID kCameraSetupClass = {0xCA3E7AB9, 0xB4C3, 0x4AE6, {0x82, 0x51, 0x57, 0x9E, 0xF9, 0x33, 0x89, 0x0F}};
+constexpr GUID kImageSetupClass = {0x6BDD1FC6, 0x810F, 0x11D0, {0xBE, 0xC7, 0x08, 0x00, 0x2B, 0xE2, 0x09, 0x2F}};
+constexpr GUID kMediaSetupClass = {0x4D36E96C, 0xE325, 0x11CE, {0xBF, 0xC1, 0x08, 0x00, 0x2B, 0xE1, 0x03, 0x18}};
+constexpr GUID kVideoCameraInterface = {0xE5323777, 0xF976, 0x4F5B, {0x9B, 0x55, 0xB9, 0x46, 0x99, 0xC4, 0x6E, 0x44}};
+constexpr GUID kCaptureInterface = {0x65E8773D, 0x8F56, 0x11D0, {0xA3, 0xB9, 0x00, 0xA0, 0xC9, 0x22, 0x31, 0x96}};
 
 /// A machine whose system calls are scripted.
 class CameraFixture : public testing::Test {
@@ -51,6 +49,7 @@ class CameraFixture : public testing::Test {
   }
 
   static void setDriverVersion(const std::wstring& driverKey, const std::wstring& version) {
-    scriptedRegistry().texts[{L"SYSTEM\\CurrentControlSet\\Control\\Class\\" + driverKey, L"DriverVersion"}] = version;
+    scriptedSetupApi().registryTexts[{L"SYSTEM\\CurrentControlSet\\Control\\Class\\" + driverKey, L"DriverVersion"}] =
+        version;
   }
 };

@@ -1,8 +1,9 @@
 #include "discovery/win_device_interface_scanner.h"
 
+#include <tuple>
+
 #include <gmock/gmock.h>
 
-#include "discovery/narrow_text.h"
 #include "discovery/win_device_scan_filter.h"
 #include "unit_tests/discovery/camera_fixture.h"
 
@@ -29,17 +30,20 @@ class WinDeviceInterfaceScannerTest : public CameraFixture {
   DeviceMap found;
 };
 
-TEST_F(WinDeviceInterfaceScannerTest, keepsTheWantedDeviceClassWithAllInterfacesInOrder) {
+TEST_F(WinDeviceInterfaceScannerTest, KeepsTheWantedDeviceClassWithAllInterfacesInOrder) {
   plugIn(L"M", kMediaSetupClass, L"\\\\?\\m");
-  plugIn(L"C", kCameraSetupClass, L"\\\\?\\z").interfaces.push_back({kVideoCameraInterface, L"\\\\?\\a", L"Pin"});
+  plugIn(L"C", kCameraSetupClass, L"\\\\?\\z")
+      .interfaces.push_back({kVideoCameraInterface, L"\\\\?\\a", L"インターフェース名"});
 
   EXPECT_EQ(search(kVideoCameraInterface, kCameraSetupClass), 0u);
   ASSERT_EQ(found.size(), 1u);
   EXPECT_EQ(found["C"].deviceIndex, 0u);
   EXPECT_THAT(found["C"].interfacePaths, ElementsAre("\\\\?\\z", "\\\\?\\a"));
   EXPECT_EQ(scanner.getDeviceCount(), 1u);
-  EXPECT_EQ(interfaceName("\\\\?\\a"), "Pin");
-  EXPECT_THAT(scriptedSetupApi().interfacePropertySizes, ElementsAre(16u)) << "twice as large, deliberately";
+  EXPECT_EQ(interfaceName("\\\\?\\a"), "インターフェース名");
+  EXPECT_THAT(scriptedSetupApi().interfacePropertySizes, ElementsAre(40u)) << "twice as large, deliberately";
+  systemScript().failCall("SetupDiGetDeviceInterfacePropertyW", 4);
+  EXPECT_EQ(interfaceName("\\\\?\\a"), "") << "only the conversion decides";
   EXPECT_EQ(interfaceName("\\\\?\\z"), std::nullopt);
   EXPECT_EQ(interfaceName("\\\\?\\m"), std::nullopt);
 
@@ -51,7 +55,7 @@ TEST_F(WinDeviceInterfaceScannerTest, keepsTheWantedDeviceClassWithAllInterfaces
   EXPECT_EQ(systemScript().outstanding().at("device information set"), 1);
 }
 
-TEST_F(WinDeviceInterfaceScannerTest, anyInterfaceClassOpensTheSetOfAllClasses) {
+TEST_F(WinDeviceInterfaceScannerTest, AnyInterfaceClassOpensTheSetOfAllClasses) {
   plugIn(L"C", kCameraSetupClass, L"\\\\?\\c");
   EXPECT_EQ(search(GUID{}, GUID{}), 0u);
   EXPECT_EQ(scanner.getDeviceCount(), 1u);
@@ -60,7 +64,7 @@ TEST_F(WinDeviceInterfaceScannerTest, anyInterfaceClassOpensTheSetOfAllClasses) 
   EXPECT_EQ(scriptedSetupApi().openings[0].flags, 6u);
 }
 
-TEST_F(WinDeviceInterfaceScannerTest, aFilterOfAnotherKindOrAFailedOpeningFindsNothing) {
+TEST_F(WinDeviceInterfaceScannerTest, AFilterOfAnotherKindOrAFailedOpeningFindsNothing) {
   class OtherFilter : public DeviceScanFilter {};
   plugIn(L"C", kCameraSetupClass, L"\\\\?\\c");
   EXPECT_EQ(search(kVideoCameraInterface, GUID{}), 0u);
@@ -74,7 +78,7 @@ TEST_F(WinDeviceInterfaceScannerTest, aFilterOfAnotherKindOrAFailedOpeningFindsN
   EXPECT_EQ(systemScript().outstanding(), (std::map<std::string, int>()));
 }
 
-TEST_F(WinDeviceInterfaceScannerTest, skipsWhatCannotBeReadAndGoesOn) {
+TEST_F(WinDeviceInterfaceScannerTest, SkipsWhatCannotBeReadAndGoesOn) {
   plugIn(L"A", kCameraSetupClass, L"\\\\?\\a");
   plugIn(L"B", kCameraSetupClass, L"\\\\?\\b1").interfaces.push_back({kVideoCameraInterface, L"\\\\?\\b2", {}});
   systemScript().failCall("SetupDiGetDeviceInstanceIdW", 1);
@@ -84,31 +88,34 @@ TEST_F(WinDeviceInterfaceScannerTest, skipsWhatCannotBeReadAndGoesOn) {
   EXPECT_EQ(found["B"].deviceIndex, 1u);
   EXPECT_THAT(found["B"].interfacePaths, ElementsAre("\\\\?\\b2"));
 
-  DeviceMap again;
-  EXPECT_EQ(scanner.getInterfacePaths(0, again), 0u);
-  EXPECT_THAT(again["A"].interfacePaths, ElementsAre("\\\\?\\a"));
-  EXPECT_EQ(scanner.getInterfacePaths(2, again), 1u);
+  EXPECT_EQ(scanner.getInterfacePaths(0, found), 0u);
+  EXPECT_EQ(found.size(), 1u) << "replaced";
+  EXPECT_THAT(found["A"].interfacePaths, ElementsAre("\\\\?\\a"));
+  EXPECT_EQ(scanner.getInterfacePaths(2, found), 1u);
+  EXPECT_THAT(found, IsEmpty());
 }
 
-TEST_F(WinDeviceInterfaceScannerTest, readsRegistryProperties) {
+TEST_F(WinDeviceInterfaceScannerTest, ReadsRegistryProperties) {
   ScriptedDevice& device = plugIn(L"A", kCameraSetupClass, L"\\\\?\\a");
-  device.setText(SPDRP_DEVICEDESC, L"K\u00e4mera");
+  device.setText(SPDRP_DEVICEDESC, L"K\u00e4mera \U0001F4F7 \xD800");
   device.setText(SPDRP_DRIVER, L"k");
-  device.setText(SPDRP_ENUMERATOR_NAME, L"\u96c6\u6210\u6444\u50cf\u5934");
+  device.setText(SPDRP_ENUMERATOR_NAME, L"集成摄像头");
   device.properties[SPDRP_SERVICE] = L"";
   device.properties[SPDRP_HARDWAREID] = L"not terminated";
   setDriverVersion(L"k", L"1.2");
   EXPECT_EQ(search(kVideoCameraInterface, GUID{}), 0u);
 
-  EXPECT_EQ(property(0, SPDRP_DEVICEDESC), "K\u00e4mera");
+  EXPECT_EQ(property(0, SPDRP_DEVICEDESC), "K\u00e4mera \U0001F4F7 \uFFFD");
   EXPECT_EQ(property(0, SPDRP_HARDWAREID), "not terminated");
-  EXPECT_EQ(property(0, SPDRP_ENUMERATOR_NAME), "\u96c6\u6210\u6444") << "whole characters within the property's size";
+  EXPECT_EQ(property(0, SPDRP_ENUMERATOR_NAME), "集成摄像头");
   EXPECT_EQ(property(0, SPDRP_SERVICE), std::nullopt) << "empty is absent, deliberately";
   EXPECT_EQ(property(0, SPDRP_CLASS), std::nullopt);
   EXPECT_EQ(property(1, SPDRP_MFG), std::nullopt);
   systemScript().failCall("SetupDiGetDeviceRegistryPropertyW",
                           systemScript().calls("SetupDiGetDeviceRegistryPropertyW") + 2);
   EXPECT_EQ(property(0, SPDRP_MFG), std::nullopt) << "the second call failed";
+  systemScript().failCall("WideCharToMultiByte", systemScript().calls("WideCharToMultiByte") + 1);
+  EXPECT_EQ(property(0, SPDRP_MFG), std::nullopt) << "the conversion failed";
 
   const auto version = [this] { return takeText([this](char** text) { return scanner.getDriverVersion(0, text); }); };
   EXPECT_EQ(version(), "1.2");
@@ -117,50 +124,42 @@ TEST_F(WinDeviceInterfaceScannerTest, readsRegistryProperties) {
   EXPECT_EQ(scanner.getScannerKind(), 4u);
 }
 
-class ParentTest : public WinDeviceInterfaceScannerTest {
- protected:
-  ParentTest() {
-    plugIn(L"USB\\HUB\\1", kImageSetupClass, L"\\\\?\\usb#hub", kCaptureInterface);
-    plugIn(L"USB\\CAM\\1", kCameraSetupClass, L"\\\\?\\usb#cam").parentId = L"USB\\HUB\\1";
-    plugIn(L"ORPHAN", kCameraSetupClass, L"\\\\?\\usb#orphan");
-    search(kVideoCameraInterface, GUID{});
-  }
-
-  std::optional<std::string> parentPath(std::uint32_t index = 0) {
+TEST_F(WinDeviceInterfaceScannerTest, FindsParentsByTheirIdsAmongTheFiltersDevices) {
+  plugIn(L"USB\\HUB\\1", kImageSetupClass, L"\\\\?\\usb#hub", kCaptureInterface);
+  plugIn(L"USB\\CAM\\1", kCameraSetupClass, L"\\\\?\\usb#cam");
+  EXPECT_EQ(search(kVideoCameraInterface, GUID{}), 0u);
+  const WinDeviceScanFilter filter(kCaptureInterface, kImageSetupClass);
+  const auto path = [&](std::uint32_t index = 0) {
     return takeText([&](char** text) { return scanner.getParentInterfacePath(filter, index, text); });
-  }
-  std::optional<std::string> parentName(std::uint32_t index = 0) {
+  };
+  const auto name = [&](std::uint32_t index = 0) {
     return takeText(
         [&](char** text) { return scanner.getParentRegistryProperty(filter, index, SPDRP_FRIENDLYNAME, text); });
+  };
+
+  // The path is that of the parent itself, in any case; the property asks for the exact text, be it a part of the id.
+  std::wstring& parent = scriptedSetupApi().devices[1].parentId;
+  for (const auto& [id, pathFound, nameFound] : {std::tuple(L"USB\\HUB\\1", true, true),
+                                                 {L"usb\\hub\\1", true, false},
+                                                 {L"USB\\HUB", false, true},
+                                                 {L"", false, false}}) {
+    parent = id;
+    EXPECT_EQ(path(), pathFound ? std::optional<std::string>("\\\\?\\usb#hub") : std::nullopt);
+    EXPECT_EQ(name(), nameFound ? std::optional<std::string>("Name of USB\\HUB\\1") : std::nullopt);
   }
-
-  WinDeviceScanFilter filter{kCaptureInterface, kImageSetupClass};
-};
-
-TEST_F(ParentTest, isFoundByItsIdAmongTheFiltersDevices) {
-  EXPECT_EQ(parentPath(), "\\\\?\\usb#hub");
-  EXPECT_EQ(parentName(), "Name of USB\\HUB\\1");
   EXPECT_EQ(scriptedSetupApi().openings.back().flags, 10u);
   EXPECT_EQ(*scriptedSetupApi().openings.back().devicesClass, kImageSetupClass);
 
-  scriptedSetupApi().devices[1].parentId = L"usb\\hub\\1";
-  EXPECT_EQ(parentPath(), "\\\\?\\usb#hub");
-  EXPECT_EQ(parentName(), std::nullopt) << "a property is looked up by the exact text";
-  scriptedSetupApi().devices[1].parentId = L"USB\\HUB";
-  EXPECT_EQ(parentPath(), std::nullopt);
-  EXPECT_EQ(parentName(), "Name of USB\\HUB\\1") << "which may be a part of the id";
-}
-
-TEST_F(ParentTest, cannotBeFoundWithoutConfigurationManagerOrDevices) {
+  parent = L"USB\\HUB\\1";
   for (const char* function : {"CM_Get_Parent", "CM_Get_Device_ID_Size", "CM_Get_Device_IDW", "SetupDiGetClassDevsW"}) {
     SCOPED_TRACE(function);
     systemScript().failCall(function, systemScript().calls(function) + 1);
-    EXPECT_EQ(parentPath(), std::nullopt);
+    EXPECT_EQ(path(), std::nullopt);
     systemScript().failCall(function, systemScript().calls(function) + 1);
-    EXPECT_EQ(parentName(), std::nullopt);
+    EXPECT_EQ(name(), std::nullopt);
   }
-  EXPECT_EQ(parentPath(1), std::nullopt);
-  EXPECT_EQ(parentName(2), std::nullopt);
+  EXPECT_EQ(path(1), std::nullopt);
+  EXPECT_EQ(name(1), std::nullopt);
   EXPECT_EQ(systemScript().outstanding().at("device information set"), 1) << "that of the search";
 }
 

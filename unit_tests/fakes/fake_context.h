@@ -1,25 +1,23 @@
 #pragma once
 
+#include <QImage>
+
 #include <cstdint>
+#include <cstring>
 #include <functional>
 #include <string>
 #include <utility>
 #include <vector>
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include "capture/camera_frame_capturer.h"
 #include "discovery/camera_component.h"
 #include "module/test_execution_context.h"
 #include "ui/input_request.h"
 
-/// One thing that a test told its host: a progress, or a message when `percent` is -1.
-struct Told {
-  int percent = -1;
-  std::string text;
-
-  bool operator==(const Told&) const = default;
-};
+/// One thing that a test told its host: a progress's percentage and text, or -1 and a message's key.
+using Told = std::pair<int, std::string>;
 
 inline Told progress(int percent, std::string text = {}) {
   return {percent, std::move(text)};
@@ -30,26 +28,26 @@ inline Told message(std::string key) {
 /// Both halves of a final report, in their order.
 #define FINAL_REPORT(key) progress(100, key), message(key)
 
-inline void PrintTo(const Told& told, std::ostream* out) {
-  *out << (told.percent < 0 ? "message" : std::to_string(told.percent) + " %") << " \"" << told.text << '"';
-}
-
 /// A host that writes down what a test tells it, in order, and answers requests as the test case says.
 class FakeContext : public TestExecutionContext, public MessageList, public ProgressReporter, public EventSource {
  public:
-  SystemComponent* getComponent() override { return component; }
-  MessageList* getMessageList() override { return withMessageList ? this : nullptr; }
-  ProgressReporter* getProgressReporter() override { return withReporter ? this : nullptr; }
-  EventSource* getEventSource() override { return withEventSource ? this : nullptr; }
-  bool isCancelled() override { return cancelled; }
+  SystemComponent* getComponent() override {
+    ++componentQueries;
+    return called(component);
+  }
+  MessageList* getMessageList() override { return called(withMessageList ? this : nullptr); }
+  ProgressReporter* getProgressReporter() override { return called(withReporter ? this : nullptr); }
+  EventSource* getEventSource() override { return called(withEventSource ? this : nullptr); }
+  bool isCancelled() override { return called(cancelled); }
 
-  void add(std::string key, std::uint64_t, std::uint64_t) override { told.push_back(message(std::move(key))); }
-  void report(int percent, const std::string& text) override { told.push_back(progress(percent, text)); }
-  bool isReady() override { return ready; }
-  std::uint32_t getEvent() override { return event; }
+  void add(std::string key, std::uint64_t, std::uint64_t) override { told.push_back(called(message(std::move(key)))); }
+  void report(int percent, const std::string& text) override { told.push_back(called(progress(percent, text))); }
+  bool isReady() override { return called(ready); }
+  std::uint32_t getEvent() override { return called(event); }
   void submit(InputRequest* request) override {
-    requests.push_back(request->secondText);
+    requests.push_back(called(request->secondText));
     if (onSubmit) onSubmit(*request);
+    called(0);
   }
 
   SystemComponent* component = nullptr;
@@ -59,26 +57,67 @@ class FakeContext : public TestExecutionContext, public MessageList, public Prog
   bool ready = true;
   bool cancelled = false;
   std::uint32_t event = 0;
+  /// Called by every operation of the host, twice while it shows a request.
+  std::function<void()> onCall;
   std::function<void(InputRequest&)> onSubmit;
+  int componentQueries = 0;
   std::vector<Told> told;
   std::vector<std::string> requests;
+
+ private:
+  template <class Value>
+  Value called(Value value) {
+    if (onCall) onCall();
+    return value;
+  }
 };
 
-class MockCapturer : public CameraFrameCapturer {
+/// A capturer that delivers one frame again and again, and writes down in the host's list when it starts and stops.
+class FakeCapturer : public CameraFrameCapturer {
  public:
-  MOCK_METHOD(CaptureStatus, start, (), (override));
-  MOCK_METHOD(CaptureStatus, getFrame, (std::uint8_t * &buffer, std::uint32_t timeoutMs), (override));
-  MOCK_METHOD(CaptureStatus, stop, (), (override));
-  MOCK_METHOD(int, getFrameFormat, (FrameFormat & format), (override));
+  explicit FakeCapturer(std::vector<Told>& list) : told(list) {}
+
+  CaptureStatus start() override {
+    told.push_back(message("(started)"));
+    return startStatus;
+  }
+  CaptureStatus getFrame(std::uint8_t*& buffer, std::uint32_t timeoutMs) override {
+    EXPECT_EQ(timeoutMs, 5000u);
+    ++framesTaken;
+    const CaptureStatus status = onFrame ? onFrame() : CaptureOk;
+    if (status != CaptureOk) return status;
+    const auto size = static_cast<std::size_t>(frame.sizeInBytes());
+    buffer = new std::uint8_t[size];
+    std::memcpy(buffer, frame.constBits(), size);
+    return CaptureOk;
+  }
+  CaptureStatus stop() override {
+    told.push_back(message("(stopped)"));
+    return CaptureOk;
+  }
+  int getFrameFormat(FrameFormat& format) override {
+    if (!hasFormat) return 1;
+    format = {static_cast<std::uint32_t>(frame.width()), static_cast<std::uint32_t>(frame.height()), true};
+    return 0;
+  }
+
+  CaptureStatus startStatus = CaptureOk;
+  bool hasFormat = true;
+  QImage frame{4, 2, QImage::Format_RGB32};
+  int framesTaken = 0;
+  /// Called for every frame that is asked for; a status other than CaptureOk is what the wait ends with.
+  std::function<CaptureStatus()> onFrame;
+
+ private:
+  std::vector<Told>& told;
 };
 
-/// A camera whose capturer is a mock.
 class FakeCamera : public CameraComponent {
  public:
-  FakeCamera() : CameraComponent(CameraInfo()) {}
+  explicit FakeCamera(std::vector<Told>& told) : CameraComponent(CameraInfo()), capturer(told) {}
   CameraFrameCapturer* getFrameCapturer() override { return &capturer; }
 
-  testing::StrictMock<MockCapturer> capturer;
+  FakeCapturer capturer;
 };
 
 /// A component that is no camera.

@@ -12,6 +12,8 @@
 
 #include <bit>
 #include <string_view>
+
+#include "unit_tests/fakes/substitute_import.h"
 #endif
 
 FakePlatform& fakePlatform() {
@@ -57,32 +59,46 @@ DWORD WINAPI systemColor(int number) {
   return RGB(color.red(), color.green(), color.blue());
 }
 
-HRESULT WINAPI monitorDpi(HMONITOR, int, UINT* x, UINT* y) {
+// Where the monitors begin; their handles point here. The last one is that of the first Qt screen.
+POINT corners[] = {{5000, 0}, {0, 5000}, {0, 0}};
+
+BOOL WINAPI eachMonitor(HDC, const RECT*, MONITORENUMPROC call, LPARAM argument) {
+  for (POINT& corner : corners) call(reinterpret_cast<HMONITOR>(&corner), nullptr, nullptr, argument);
+  return TRUE;
+}
+
+BOOL WINAPI monitorInfo(HMONITOR monitor, MONITORINFO* info) {
+  const POINT corner = *reinterpret_cast<const POINT*>(monitor);
+  info->rcMonitor = {corner.x, corner.y, corner.x + 1920, corner.y + 1080};
+  return info->cbSize == 40 ? TRUE : FALSE;
+}
+
+HRESULT WINAPI monitorDpi(HMONITOR monitor, int kind, UINT* x, UINT* y) {
   if (fakePlatform().monitorDpi == 0) return E_FAIL;
-  *x = static_cast<UINT>(fakePlatform().monitorDpi);
+  const bool effectiveOfFirst = monitor == reinterpret_cast<HMONITOR>(&corners[2]) && kind == 0;
+  *x = effectiveOfFirst ? static_cast<UINT>(fakePlatform().monitorDpi) : 333;
   *y = 1;
+  return S_OK;
+}
+
+HRESULT WINAPI setAwareness(int awareness) {
+  fakePlatform().dpiAwareness = awareness;
   return S_OK;
 }
 
 FARPROC WINAPI procedure(HMODULE library, const char* name) {
   if (std::string_view(name) == "GetDpiForMonitor") return std::bit_cast<FARPROC>(&monitorDpi);
+  if (std::string_view(name) == "SetProcessDpiAwareness") return std::bit_cast<FARPROC>(&setAwareness);
   return realFunction<decltype(&GetProcAddress)>("kernel32", "GetProcAddress")(library, name);
 }
 
 }  // namespace
 
-extern "C" {
-decltype(&SystemParametersInfoW) __imp_SystemParametersInfoW = &systemParameters;
-decltype(&GetSysColor) __imp_GetSysColor = &systemColor;
-decltype(&GetProcAddress) __imp_GetProcAddress = &procedure;
-}
-
-bool sendNativeMessage(const QByteArray& eventType, std::uint32_t number) {
-  MSG message{};
-  message.message = number;
-  qintptr result = 0;
-  return QAbstractEventDispatcher::instance()->filterNativeEvent(eventType, &message, &result);
-}
+SUBSTITUTE_IMPORT(SystemParametersInfoW, systemParameters);
+SUBSTITUTE_IMPORT(GetSysColor, systemColor);
+SUBSTITUTE_IMPORT(EnumDisplayMonitors, eachMonitor);
+SUBSTITUTE_IMPORT(GetMonitorInfoW, monitorInfo);
+SUBSTITUTE_IMPORT(GetProcAddress, procedure);
 
 #else
 
@@ -116,9 +132,15 @@ QList<QColor> HighContrastEventFilter::ReadSystemColors() const {
 
 }  // namespace vexa::utils::event_filters
 
-bool sendNativeMessage(const QByteArray& eventType, std::uint32_t number) {
-  qintptr result = 0;
-  return QAbstractEventDispatcher::instance()->filterNativeEvent(eventType, &number, &result);
-}
-
 #endif
+
+bool sendNativeMessage(const QByteArray& eventType, std::uint32_t number) {
+#ifdef _WIN32
+  MSG message{};
+  message.message = number;
+#else
+  std::uint32_t message = number;
+#endif
+  qintptr result = 0;
+  return QAbstractEventDispatcher::instance()->filterNativeEvent(eventType, &message, &result);
+}

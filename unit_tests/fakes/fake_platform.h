@@ -11,8 +11,11 @@
 struct FakePlatform {
   bool narratorRuns = false;
   bool highContrast = false;
-  /// Effective dots per inch of every monitor; 0 lets the query fail.
+  /// Effective dots per inch of the monitor at the place of the first Qt screen; 0 lets the query fail. On Windows two
+  /// others, which share one edge with it and answer 333, come first.
   std::int32_t monitorDpi = 0;
+  /// What the process told Windows of its awareness; -1 for nothing.
+  int dpiAwareness = -1;
   /// What all system colours are made of: the colour numbered k is shade + k in each part.
   int shade = 0;
 };

@@ -5,49 +5,48 @@
 #include <mferror.h>
 #include <mfidl.h>
 #include <objbase.h>
+#include <wrl/client.h>
 
-#include <set>
+#include <map>
+#include <string>
 
-#include "unit_tests/fakes/com_object.h"
+#include "standalone/virtual_camera/media_source/attribute_store.h"
+#include "unit_tests/fakes/fake_com_object.h"
 #include "unit_tests/fakes/system_script.h"
+
+using Microsoft::WRL::ComPtr;
 
 namespace {
 
-constexpr char kArrayKind[] = "array of sources";
-constexpr char kLinkKind[] = "link text";
+/// Blocks that the scripted calls handed out, and their kinds.
+auto& handedOut = *new std::map<const void*, std::string>;
 
-/// Blocks that the scripted calls handed out, by kind.
-std::set<const void*> handedOutArrays;
-std::set<const void*> handedOutLinks;
+void handOut(const void* block, const std::string& kind) {
+  handedOut[block] = kind;
+  systemScript().acquire(kind);
+}
 
-class FakeAttributeStore : public ComAttributes<IMFAttributes> {
+class FakeAttributes : public FakeComObject<AttributeStore<IMFAttributes>, IMFAttributes> {
  public:
   STDMETHODIMP SetGUID(REFGUID key, REFGUID value) override {
-    if (systemScript().fails("IMFAttributes::SetGUID")) return E_OUTOFMEMORY;
-    asksForCameras =
-        key == MF_DEVSOURCE_ATTRIBUTE_SOURCE_TYPE && value == MF_DEVSOURCE_ATTRIBUTE_SOURCE_TYPE_VIDCAP_GUID;
-    return S_OK;
+    return systemScript().fails("IMFAttributes::SetGUID") ? E_OUTOFMEMORY : AttributeStore::SetGUID(key, value);
   }
 
-  bool asksForCameras = false;
-
  private:
-  ~FakeAttributeStore() override { systemScript().note("attributes released"); }
+  ~FakeAttributes() override { systemScript().note("attributes released"); }
 };
 
-class FakeSource : public ComAttributes<IMFActivate> {
+class FakeSource : public FakeComObject<AttributeStore<IMFActivate>, IMFActivate> {
  public:
-  explicit FakeSource(const std::optional<std::wstring>& symbolicLink) : link(symbolicLink) {}
+  explicit FakeSource(const std::optional<std::wstring>& link) {
+    if (link) SetString(MF_DEVSOURCE_ATTRIBUTE_SOURCE_TYPE_VIDCAP_SYMBOLIC_LINK, link->c_str());
+  }
 
   STDMETHODIMP GetAllocatedString(REFGUID key, LPWSTR* text, UINT32* length) override {
     if (systemScript().fails("IMFActivate::GetAllocatedString")) return E_OUTOFMEMORY;
-    if (!link || key != MF_DEVSOURCE_ATTRIBUTE_SOURCE_TYPE_VIDCAP_SYMBOLIC_LINK) return MF_E_ATTRIBUTENOTFOUND;
-    *text = static_cast<LPWSTR>(CoTaskMemAlloc((link->size() + 1) * sizeof(wchar_t)));
-    (*text)[link->copy(*text, link->size())] = L'\0';
-    *length = static_cast<UINT32>(link->size());
-    handedOutLinks.insert(*text);
-    systemScript().acquire(kLinkKind);
-    return S_OK;
+    const HRESULT status = AttributeStore::GetAllocatedString(key, text, length);
+    if (SUCCEEDED(status)) handOut(*text, "link text");
+    return status;
   }
   STDMETHODIMP ActivateObject(REFIID, void**) override { return E_NOTIMPL; }
   STDMETHODIMP ShutdownObject() override { return E_NOTIMPL; }
@@ -55,8 +54,6 @@ class FakeSource : public ComAttributes<IMFActivate> {
 
  private:
   ~FakeSource() override { systemScript().note("source released"); }
-
-  std::optional<std::wstring> link;
 };
 
 HRESULT WINAPI initializeCom(LPVOID, DWORD mode) {
@@ -72,13 +69,11 @@ void WINAPI uninitializeCom() {
 }
 
 void WINAPI freeTaskMemory(LPVOID block) {
-  if (handedOutArrays.erase(block) != 0) {
-    systemScript().note("array freed");
-    systemScript().release(kArrayKind);
+  if (const auto freed = handedOut.extract(block)) {
+    systemScript().note(freed.mapped() + " freed");
+    systemScript().release(freed.mapped());
   }
-  if (handedOutLinks.erase(block) != 0) systemScript().release(kLinkKind);
-  static const auto real = reinterpret_cast<decltype(&CoTaskMemFree)>(
-      reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"ole32.dll"), "CoTaskMemFree")));
+  static const auto real = systemFunction<decltype(CoTaskMemFree)>(L"ole32", "CoTaskMemFree");
   real(block);
 }
 
@@ -101,26 +96,32 @@ HRESULT WINAPI MFShutdown() {
   return S_OK;
 }
 
-HRESULT WINAPI MFCreateAttributes(IMFAttributes** attributes, UINT32) {
+HRESULT WINAPI MFCreateAttributes(IMFAttributes** attributes, UINT32 size) {
+  static const auto real = systemFunction<decltype(MFCreateAttributes)>(L"mfplat", "MFCreateAttributes");
+  // The scanner asks for one place; a fake asks for more, for the store that it is made of.
+  if (size != 1) return real(attributes, size);
   if (systemScript().fails("MFCreateAttributes")) return E_OUTOFMEMORY;
-  *attributes = new FakeAttributeStore;
+  *attributes = ComPtr<IMFAttributes>(new FakeAttributes).Detach();
   return S_OK;
 }
 
 HRESULT WINAPI MFEnumDeviceSources(IMFAttributes* attributes, IMFActivate*** sources, UINT32* count) {
-  if (systemScript().fails("MFEnumDeviceSources") || !static_cast<FakeAttributeStore*>(attributes)->asksForCameras) {
+  GUID wanted = {};
+  if (systemScript().fails("MFEnumDeviceSources") ||
+      FAILED(attributes->GetGUID(MF_DEVSOURCE_ATTRIBUTE_SOURCE_TYPE, &wanted)) ||
+      wanted != MF_DEVSOURCE_ATTRIBUTE_SOURCE_TYPE_VIDCAP_GUID) {
     return E_INVALIDARG;
   }
   const auto& links = scriptedMediaFoundation().links;
   *count = static_cast<UINT32>(links.size());
   *sources = static_cast<IMFActivate**>(CoTaskMemAlloc((links.size() + 1) * sizeof(IMFActivate*)));
-  for (std::size_t index = 0; index < links.size(); ++index) (*sources)[index] = new FakeSource(links[index]);
-  handedOutArrays.insert(*sources);
-  systemScript().acquire(kArrayKind);
+  for (std::size_t index = 0; index < links.size(); ++index)
+    (*sources)[index] = ComPtr<IMFActivate>(new FakeSource(links[index])).Detach();
+  handOut(*sources, "array");
   return S_OK;
 }
 
 ScriptedMediaFoundation& scriptedMediaFoundation() {
-  static ScriptedMediaFoundation mediaFoundation;
+  static auto& mediaFoundation = *new ScriptedMediaFoundation;
   return mediaFoundation;
 }

@@ -23,7 +23,7 @@ constexpr DEVPROPKEY kNameKey = {{0xB725F130, 0x47EF, 0x101A, {0xA5, 0xF1, 0x02,
 using DeviceSet = std::vector<std::size_t>;
 
 std::set<HDEVINFO>& openSets() {
-  static std::set<HDEVINFO> sets;
+  static auto& sets = *new std::set<HDEVINFO>;
   return sets;
 }
 
@@ -40,27 +40,27 @@ BOOL deliver(const void* value, std::size_t bytes, void* buffer, std::size_t siz
   return TRUE;
 }
 
-bool hasInterface(const ScriptedDevice& device, const GUID& interfaceClass) {
-  return std::any_of(device.interfaces.begin(), device.interfaces.end(),
-                     [&](const ScriptedInterface& entry) { return entry.interfaceClass == interfaceClass; });
-}
-
 bool belongs(const ScriptedDevice& device, const GUID* devicesClass, DWORD flags) {
   if (flags & DIGCF_ALLCLASSES) return true;
-  return flags & DIGCF_DEVICEINTERFACE ? hasInterface(device, *devicesClass) : device.deviceClass == *devicesClass;
+  if (!(flags & DIGCF_DEVICEINTERFACE)) return device.deviceClass == *devicesClass;
+  return std::ranges::count(device.interfaces, *devicesClass, &ScriptedInterface::interfaceClass) != 0;
 }
 
-/// The device that a data record of an open set names, or null with the system's error.
-const ScriptedDevice* deviceOf(HDEVINFO set, const SP_DEVINFO_DATA* data) {
-  if (!openSets().contains(set)) return failWith(ERROR_INVALID_HANDLE), nullptr;
-  if (data->cbSize != 32) return failWith(ERROR_INVALID_USER_BUFFER), nullptr;
-  return &scriptedSetupApi().devices.at(data->DevInst - 1);
+/// What every call on an open set begins with: whether it goes on, or the system's error.
+template <class Data>
+bool accepts(const char* function, HDEVINFO set, const Data* data) {
+  if (systemScript().fails(function)) return failWith(ERROR_ACCESS_DENIED);
+  if (!openSets().contains(set)) return failWith(ERROR_INVALID_HANDLE);
+  return data->cbSize == 32 || failWith(ERROR_INVALID_USER_BUFFER);
 }
 
-const ScriptedInterface* interfaceOf(HDEVINFO set, const SP_DEVICE_INTERFACE_DATA* data) {
-  if (!openSets().contains(set)) return failWith(ERROR_INVALID_HANDLE), nullptr;
-  if (data->cbSize != 32) return failWith(ERROR_INVALID_USER_BUFFER), nullptr;
-  return &scriptedSetupApi().devices.at(data->Reserved >> 8).interfaces.at(data->Reserved & 0xFF);
+/// The device that a data record names.
+const ScriptedDevice& deviceOf(const SP_DEVINFO_DATA& data) {
+  return scriptedSetupApi().devices.at(data.DevInst - 1);
+}
+
+const ScriptedInterface& interfaceOf(const SP_DEVICE_INTERFACE_DATA& data) {
+  return scriptedSetupApi().devices.at(data.Reserved >> 8).interfaces.at(data.Reserved & 0xFF);
 }
 
 HDEVINFO WINAPI getClassDevs(const GUID* devicesClass, PCWSTR, HWND, DWORD flags) {
@@ -88,9 +88,7 @@ BOOL WINAPI destroyDeviceInfoList(HDEVINFO set) {
 }
 
 BOOL WINAPI enumDeviceInfo(HDEVINFO set, DWORD index, PSP_DEVINFO_DATA data) {
-  if (systemScript().fails("SetupDiEnumDeviceInfo")) return failWith(ERROR_ACCESS_DENIED);
-  if (!openSets().contains(set)) return failWith(ERROR_INVALID_HANDLE);
-  if (data->cbSize != 32) return failWith(ERROR_INVALID_USER_BUFFER);
+  if (!accepts("SetupDiEnumDeviceInfo", set, data)) return FALSE;
   const auto& members = *static_cast<const DeviceSet*>(set);
   if (index >= members.size()) return failWith(ERROR_NO_MORE_ITEMS);
   data->DevInst = static_cast<DWORD>(members[index] + 1);
@@ -99,26 +97,24 @@ BOOL WINAPI enumDeviceInfo(HDEVINFO set, DWORD index, PSP_DEVINFO_DATA data) {
 }
 
 BOOL WINAPI getDeviceInstanceId(HDEVINFO set, PSP_DEVINFO_DATA data, PWSTR buffer, DWORD size, PDWORD required) {
-  if (systemScript().fails("SetupDiGetDeviceInstanceIdW")) return failWith(ERROR_ACCESS_DENIED);
-  const ScriptedDevice* device = deviceOf(set, data);
-  if (!device) return FALSE;
+  if (!accepts("SetupDiGetDeviceInstanceIdW", set, data)) return FALSE;
+  const ScriptedDevice& device = deviceOf(*data);
   // This one counts in characters.
-  const std::size_t length = device->instanceId.size() + 1;
+  const std::size_t length = device.instanceId.size() + 1;
   DWORD bytes = 0;
-  const BOOL done = deliver(device->instanceId.c_str(), length * sizeof(wchar_t), buffer,
-                            std::size_t{size} * sizeof(wchar_t), &bytes);
+  const BOOL done =
+      deliver(device.instanceId.c_str(), length * sizeof(wchar_t), buffer, std::size_t{size} * sizeof(wchar_t), &bytes);
   if (required) *required = static_cast<DWORD>(length);
   return done;
 }
 
 BOOL WINAPI enumDeviceInterfaces(HDEVINFO set, PSP_DEVINFO_DATA data, const GUID* interfaceClass, DWORD index,
                                  PSP_DEVICE_INTERFACE_DATA found) {
-  if (systemScript().fails("SetupDiEnumDeviceInterfaces")) return failWith(ERROR_ACCESS_DENIED);
-  const ScriptedDevice* device = deviceOf(set, data);
-  if (!device) return FALSE;
+  if (!accepts("SetupDiEnumDeviceInterfaces", set, data)) return FALSE;
+  const ScriptedDevice& device = deviceOf(*data);
   if (found->cbSize != 32) return failWith(ERROR_INVALID_USER_BUFFER);
-  for (std::size_t position = 0; position < device->interfaces.size(); ++position) {
-    if (device->interfaces[position].interfaceClass != *interfaceClass || index-- != 0) continue;
+  for (std::size_t position = 0; position < device.interfaces.size(); ++position) {
+    if (device.interfaces[position].interfaceClass != *interfaceClass || index-- != 0) continue;
     found->InterfaceClassGuid = *interfaceClass;
     found->Reserved = (std::size_t{data->DevInst - 1} << 8) | position;
     return TRUE;
@@ -129,37 +125,34 @@ BOOL WINAPI enumDeviceInterfaces(HDEVINFO set, PSP_DEVINFO_DATA data, const GUID
 BOOL WINAPI getDeviceInterfaceDetail(HDEVINFO set, PSP_DEVICE_INTERFACE_DATA data,
                                      PSP_DEVICE_INTERFACE_DETAIL_DATA_W detail, DWORD size, PDWORD required,
                                      PSP_DEVINFO_DATA) {
-  if (systemScript().fails("SetupDiGetDeviceInterfaceDetailW")) return failWith(ERROR_ACCESS_DENIED);
-  const ScriptedInterface* entry = interfaceOf(set, data);
-  if (!entry) return FALSE;
+  if (!accepts("SetupDiGetDeviceInterfaceDetailW", set, data)) return FALSE;
+  const ScriptedInterface& entry = interfaceOf(*data);
   if (detail && detail->cbSize != 8) return failWith(ERROR_INVALID_USER_BUFFER);
-  const std::size_t bytes = (entry->path.size() + 1) * sizeof(wchar_t);
+  const std::size_t bytes = (entry.path.size() + 1) * sizeof(wchar_t);
   constexpr std::size_t Header = offsetof(SP_DEVICE_INTERFACE_DETAIL_DATA_W, DevicePath);
   if (required) *required = static_cast<DWORD>(bytes + Header);
   if (size < bytes + Header) return failWith(ERROR_INSUFFICIENT_BUFFER);
-  std::memcpy(detail->DevicePath, entry->path.c_str(), bytes);
+  std::memcpy(detail->DevicePath, entry.path.c_str(), bytes);
   return TRUE;
 }
 
 BOOL WINAPI getDeviceRegistryProperty(HDEVINFO set, PSP_DEVINFO_DATA data, DWORD property, PDWORD, PBYTE buffer,
                                       DWORD size, PDWORD required) {
-  if (systemScript().fails("SetupDiGetDeviceRegistryPropertyW")) return failWith(ERROR_ACCESS_DENIED);
-  const ScriptedDevice* device = deviceOf(set, data);
-  if (!device) return FALSE;
-  const auto value = device->properties.find(property);
-  if (value == device->properties.end()) return failWith(ERROR_INVALID_DATA);
+  if (!accepts("SetupDiGetDeviceRegistryPropertyW", set, data)) return FALSE;
+  const ScriptedDevice& device = deviceOf(*data);
+  const auto value = device.properties.find(property);
+  if (value == device.properties.end()) return failWith(ERROR_INVALID_DATA);
   return deliver(value->second.data(), value->second.size() * sizeof(wchar_t), buffer, size, required);
 }
 
 BOOL WINAPI getDeviceInterfaceProperty(HDEVINFO set, PSP_DEVICE_INTERFACE_DATA data, const DEVPROPKEY* key,
                                        DEVPROPTYPE* type, PBYTE buffer, DWORD size, PDWORD required, DWORD) {
-  if (systemScript().fails("SetupDiGetDeviceInterfacePropertyW")) return failWith(ERROR_ACCESS_DENIED);
-  const ScriptedInterface* entry = interfaceOf(set, data);
-  if (!entry) return FALSE;
-  if (!entry->name || key->fmtid != kNameKey.fmtid || key->pid != kNameKey.pid) return failWith(ERROR_NOT_FOUND);
+  if (!accepts("SetupDiGetDeviceInterfacePropertyW", set, data)) return FALSE;
+  const ScriptedInterface& entry = interfaceOf(*data);
+  if (!entry.name || key->fmtid != kNameKey.fmtid || key->pid != kNameKey.pid) return failWith(ERROR_NOT_FOUND);
   if (buffer) scriptedSetupApi().interfacePropertySizes.push_back(size);
   *type = DEVPROP_TYPE_STRING;
-  return deliver(entry->name->c_str(), (entry->name->size() + 1) * sizeof(wchar_t), buffer, size, required);
+  return deliver(entry.name->c_str(), (entry.name->size() + 1) * sizeof(wchar_t), buffer, size, required);
 }
 
 /// Device instances are numbered from 1 by their position; a parent that is no scripted device of its own has the
@@ -193,6 +186,18 @@ CONFIGRET WINAPI getDeviceId(DEVINST instance, PWSTR buffer, ULONG length, ULONG
   return CR_SUCCESS;
 }
 
+LSTATUS WINAPI getValue(HKEY root, LPCWSTR key, LPCWSTR name, DWORD flags, LPDWORD, PVOID buffer, LPDWORD bytes) {
+  if (systemScript().fails("RegGetValueW")) return ERROR_ACCESS_DENIED;
+  const auto text = scriptedSetupApi().registryTexts.find({key, name});
+  if (root != HKEY_LOCAL_MACHINE || text == scriptedSetupApi().registryTexts.end()) return ERROR_FILE_NOT_FOUND;
+  if (flags != RRF_RT_REG_SZ) return ERROR_UNSUPPORTED_TYPE;
+  if (buffer) scriptedSetupApi().registryTextSizes.push_back(*bytes);
+  const DWORD available = buffer ? *bytes : 0;
+  const bool delivered =
+      deliver(text->second.c_str(), (text->second.size() + 1) * sizeof(wchar_t), buffer, available, bytes);
+  return delivered || !buffer ? ERROR_SUCCESS : ERROR_MORE_DATA;
+}
+
 }  // namespace
 
 SUBSTITUTE_IMPORT(SetupDiGetClassDevsW, getClassDevs);
@@ -206,8 +211,9 @@ SUBSTITUTE_IMPORT(SetupDiGetDeviceInterfacePropertyW, getDeviceInterfaceProperty
 SUBSTITUTE_IMPORT(CM_Get_Parent, getParent);
 SUBSTITUTE_IMPORT(CM_Get_Device_ID_Size, getDeviceIdSize);
 SUBSTITUTE_IMPORT(CM_Get_Device_IDW, getDeviceId);
+SUBSTITUTE_IMPORT(RegGetValueW, getValue);
 
 ScriptedSetupApi& scriptedSetupApi() {
-  static ScriptedSetupApi setupApi;
+  static auto& setupApi = *new ScriptedSetupApi;
   return setupApi;
 }

@@ -5,6 +5,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 struct ScriptedInterface {
@@ -27,7 +28,7 @@ struct ScriptedDevice {
   void setText(DWORD property, const std::wstring& text) { properties[property] = text + L'\0'; }
 };
 
-/// The devices that SetupAPI and the configuration manager know.
+/// The devices that SetupAPI and the configuration manager know, and what RegGetValueW finds below HKEY_LOCAL_MACHINE.
 struct ScriptedSetupApi {
   struct Opening {
     std::optional<GUID> devicesClass;
@@ -39,6 +40,10 @@ struct ScriptedSetupApi {
   std::vector<Opening> openings;
   /// Buffer sizes, in bytes, of the calls that read an interface property.
   std::vector<DWORD> interfacePropertySizes;
+  /// Registry key and value name to text.
+  std::map<std::pair<std::wstring, std::wstring>, std::wstring> registryTexts;
+  /// Buffer sizes, in bytes, of the calls that read a text of the registry.
+  std::vector<DWORD> registryTextSizes;
 };
 
 ScriptedSetupApi& scriptedSetupApi();

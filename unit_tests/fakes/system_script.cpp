@@ -1,19 +1,29 @@
 #include "unit_tests/fakes/system_script.h"
 
+#include <windows.h>
+
 #include <algorithm>
 #include <atomic>
 #include <cstdlib>
 #include <new>
 
 #include "unit_tests/fakes/scripted_media_foundation.h"
-#include "unit_tests/fakes/scripted_registry.h"
 #include "unit_tests/fakes/scripted_setupapi.h"
 
 namespace {
 
 std::atomic<int> arrays{0};
 
+int WINAPI toMultiByte(UINT codePage, DWORD flags, LPCWCH text, int length, LPSTR buffer, int size, LPCCH replacement,
+                       LPBOOL replaced) {
+  static const auto real = systemFunction<decltype(WideCharToMultiByte)>(L"kernel32", "WideCharToMultiByte");
+  if (systemScript().fails("WideCharToMultiByte")) return 0;
+  return real(codePage, flags, text, length, buffer, size, replacement, replaced);
+}
+
 }  // namespace
+
+SUBSTITUTE_IMPORT(WideCharToMultiByte, toMultiByte);
 
 void* operator new[](std::size_t size) {
   void* block = std::malloc(size);
@@ -35,33 +45,14 @@ int liveArrays() {
   return arrays;
 }
 
-void SystemScript::failCall(const std::string& function, int nth) {
-  failing[function] = nth;
-}
-
-void SystemScript::failAnyCall(int nth) {
-  failingCall = nth;
-}
-
 bool SystemScript::fails(const std::string& function) {
   note(function);
   ++failable;
   const auto wanted = failing.find(function);
-  const bool fail = failable == failingCall || (wanted != failing.end() && wanted->second == calls(function));
+  const bool fail = failable == failingCall ||
+                    (wanted != failing.end() && (wanted->second == 0 || wanted->second == calls(function)));
   if (fail) failed = function;
   return fail;
-}
-
-void SystemScript::note(const std::string& function) {
-  history.push_back(function);
-}
-
-void SystemScript::acquire(const std::string& kind) {
-  ++balance[kind];
-}
-
-void SystemScript::release(const std::string& kind) {
-  --balance[kind];
 }
 
 int SystemScript::calls(const std::string& function) const {
@@ -75,13 +66,12 @@ std::map<std::string, int> SystemScript::outstanding() const {
 }
 
 SystemScript& systemScript() {
-  static SystemScript script;
+  static auto& script = *new SystemScript;
   return script;
 }
 
 void resetSystemScript() {
   systemScript() = SystemScript();
   scriptedSetupApi() = ScriptedSetupApi();
-  scriptedRegistry() = ScriptedRegistry();
   scriptedMediaFoundation() = ScriptedMediaFoundation();
 }

@@ -4,23 +4,25 @@
 #include <string>
 #include <vector>
 
-/// Puts `replacement` in the place of a function that the product imports from a DLL, for the whole program.
-#define SUBSTITUTE_IMPORT(function, replacement) decltype(&function) __imp_##function = replacement
+#include "unit_tests/fakes/substitute_import.h"
 
 /// Which scripted system calls fail, what was called, and what was acquired and not given back. One for the program.
+/// The state of this and of the other scripts is never destroyed: the product's own statics still call the system at
+/// exit.
 class SystemScript {
  public:
   /// The `nth` call of this function fails, counted from 1.
-  void failCall(const std::string& function, int nth = 1);
+  void failCall(const std::string& function, int nth = 1) { failing[function] = nth; }
+  void failEveryCall(const std::string& function) { failCall(function, 0); }
   /// The `nth` of all calls that can fail does.
-  void failAnyCall(int nth);
+  void failAnyCall(int nth) { failingCall = nth; }
 
   /// For a scripted function that can fail: puts the call on record and says whether it fails.
   bool fails(const std::string& function);
   /// For a scripted function that cannot.
-  void note(const std::string& function);
-  void acquire(const std::string& kind);
-  void release(const std::string& kind);
+  void note(const std::string& function) { history.push_back(function); }
+  void acquire(const std::string& kind) { ++balance[kind]; }
+  void release(const std::string& kind) { --balance[kind]; }
 
   /// How many calls could have failed.
   int failableCalls() const { return failable; }

@@ -2,68 +2,74 @@
 
 #include <QApplication>
 #include <QDialog>
-#include <QImage>
+#include <QPushButton>
 
-#include <cstring>
 #include <functional>
+#include <initializer_list>
+#include <memory>
 #include <vector>
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "module/identifiers.h"
+#include "tests/camera_barcode_test.h"
+#include "tests/camera_capture_test.h"
 #include "ui/abstract_widget_wrapper.h"
 #include "unit_tests/fakes/fake_context.h"
 #include "unit_tests/fakes/fake_host_services.h"
 
-/// What the tests of both camera tests share: a camera with a scripted capturer, a host that confirms and shows what it
-/// is asked to, and a clock that only the code under test moves.
+/// One list of reports after another.
+inline std::vector<Told> joined(std::initializer_list<std::vector<Told>> lists) {
+  std::vector<Told> all;
+  for (const std::vector<Told>& list : lists) all.insert(all.end(), list.begin(), list.end());
+  return all;
+}
+
+/// What the tests of both camera tests share: one of them, a camera with a scripted capturer, a host that confirms and
+/// shows what it is asked to, and a clock that only the code under test moves.
 class CameraTestFixture : public testing::Test {
  protected:
-  CameraTestFixture() {
+  explicit CameraTestFixture(bool capture) : isCapture(capture) {
+    if (isCapture) test = std::make_unique<CameraCaptureTest>(kCaptureTestId);
     resetFakeHostServices();
     context.component = &camera;
     context.onSubmit = [this](InputRequest& request) { answer(request); };
-    frame = QImage(4, 2, QImage::Format_RGB32);
-    frame.fill(Qt::blue);
+    capturer.frame.fill(Qt::blue);
   }
   ~CameraTestFixture() override {
     for (QWidget* widget : QApplication::topLevelWidgets()) delete widget;
   }
 
-  /// The capturer starts, has a format, delivers `frame` and must be stopped exactly once.
-  void expectCapture() {
-    using testing::_;
-    EXPECT_CALL(camera.capturer, start()).WillOnce(testing::Return(CaptureOk));
-    EXPECT_CALL(camera.capturer, stop()).WillOnce([this] {
-      context.told.push_back(message("(stopped)"));
-      return CaptureOk;
-    });
-    EXPECT_CALL(camera.capturer, getFrameFormat(_)).WillOnce([this](FrameFormat& format) {
-      format = {static_cast<std::uint32_t>(frame.width()), static_cast<std::uint32_t>(frame.height()), true};
-      return 0;
-    });
-    ON_CALL(camera.capturer, getFrame(_, 5000)).WillByDefault([this](std::uint8_t*& buffer, std::uint32_t) {
-      ++framesTaken;
-      if (onFrame) {
-        if (const CaptureStatus status = onFrame(); status != CaptureOk) return status;
-      }
-      buffer = new std::uint8_t[static_cast<std::size_t>(frame.sizeInBytes())];
-      std::memcpy(buffer, frame.constBits(), static_cast<std::size_t>(frame.sizeInBytes()));
-      return CaptureOk;
-    });
-    EXPECT_CALL(camera.capturer, getFrame(_, 5000)).Times(testing::AnyNumber());
+  TestResult run() {
+    context.told.clear();
+    return test->run(&context);
+  }
+  [[nodiscard]] std::vector<Told> untilStartAnd(const std::vector<Told>& more) const {
+    if (!isCapture) return joined({{progress(0), progress(30), message("(started)")}, more});
+    return joined({{progress(0), progress(1), progress(30), message("(started)")}, more});
+  }
+  [[nodiscard]] std::vector<Told> untilPictureAnd(const std::vector<Told>& more) const {
+    return joined({untilStartAnd({progress(50), progress(50)}), more});
   }
 
-  void expectFailedStart(CaptureStatus status) {
-    EXPECT_CALL(camera.capturer, start()).WillOnce(testing::Return(status));
-    EXPECT_CALL(camera.capturer, stop()).WillOnce(testing::Return(CaptureNotRunning));
+  /// The codes of codes.json by their places.
+  static QImage code(int place) {
+    return QImage(QStringLiteral(CODES_FOLDER "/code-0-%1.png").arg(place)).convertToFormat(QImage::Format_RGB32);
   }
+  static constexpr int kPlausible = 0;
+  static constexpr int kWithHyphen = 1;
 
   static QDialog* openDialog() {
     for (QWidget* widget : QApplication::topLevelWidgets()) {
       if (auto* dialog = qobject_cast<QDialog*>(widget); dialog && dialog->isVisible()) return dialog;
     }
     return nullptr;
+  }
+  static void pressFail() { openDialog()->findChild<QPushButton*>("camera_barcode_test_button_fail")->click(); }
+
+  /// What `step` does happens in the pause after each frame.
+  static void afterFrame(std::function<void()> step) {
+    fakeHostServices().onSleep = [step = std::move(step)](std::uint32_t) { step(); };
   }
 
   void answer(InputRequest& request) {
@@ -80,13 +86,12 @@ class CameraTestFixture : public testing::Test {
     }
   }
 
+  const bool isCapture;
+  std::unique_ptr<CameraTest> test = std::make_unique<CameraBarcodeTest>(kBarcodeTestId);
   QObject eventFilter;
   FakeContext context;
-  FakeCamera camera;
-  QImage frame;
-  int framesTaken = 0;
-  /// Called for every frame that is asked for; a status other than CaptureOk is what the wait ends with.
-  std::function<CaptureStatus()> onFrame;
+  FakeCamera camera{context.told};
+  FakeCapturer& capturer = camera.capturer;
   std::function<void()> onQuestion;
   std::uint32_t initialAnswer = InputRequest::kConfirmed;
   std::uint32_t questionAnswer = InputRequest::kYes;

@@ -4,34 +4,25 @@
 #include <QKeyEvent>
 #include <QMetaMethod>
 #include <QMouseEvent>
+#include <QPushButton>
 #include <QThread>
 #include <QTranslator>
-#include <QWidget>
 #include <QtCore/qtestsupport_core.h>
 
-#include <atomic>
+#include <functional>
 #include <memory>
 #include <string>
+#include <type_traits>
+#include <utility>
 #include <vector>
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
-#include "module/test_execution_context.h"
-#include "ui/abstract_widget_wrapper.h"
+#include "ui/camera_barcode_dialog.h"
+#include "ui/camera_dialog.h"
+#include "unit_tests/fakes/fake_platform.h"
 
 // What the tests of the dialogs share.
-
-/// A context of which only the stop query says something.
-class StoppableContext : public TestExecutionContext {
- public:
-  SystemComponent* getComponent() override { return nullptr; }
-  MessageList* getMessageList() override { return nullptr; }
-  ProgressReporter* getProgressReporter() override { return nullptr; }
-  bool isCancelled() override { return cancelled; }
-  EventSource* getEventSource() override { return nullptr; }
-
-  std::atomic<bool> cancelled{false};
-};
 
 /// The open dialog of a class; null when there is none.
 template <class Dialog>
@@ -42,27 +33,10 @@ Dialog* openDialog() {
   return nullptr;
 }
 
-template <class Widget = QWidget>
-Widget* child(const QObject& dialog, const std::string& name) {
-  return dialog.findChild<Widget*>(QString::fromStdString(name));
-}
-
+/// Presses a key as the keyboard does: the focused widget gets it, and what that leaves goes on to the dialog.
 inline void pressKey(QWidget& dialog, int key) {
   QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
-  QApplication::sendEvent(&dialog, &event);
-}
-
-inline void sendMouse(QWidget& dialog, QEvent::Type type, QPoint position, QPoint global) {
-  const auto button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
-  QMouseEvent event(type, position, global, button, Qt::LeftButton, Qt::NoModifier);
-  QApplication::sendEvent(&dialog, &event);
-}
-
-/// Shows the dialog and makes it the active window, so that its widgets can have the focus.
-inline void activate(QWidget& dialog) {
-  dialog.show();
-  QApplication::setActiveWindow(&dialog);
-  QTest::qWait(20);
+  QApplication::sendEvent(dialog.focusWidget() ? dialog.focusWidget() : &dialog, &event);
 }
 
 /// Signatures of the signals and slots that a class adds, in order.
@@ -85,17 +59,60 @@ class MarkingTranslator : public QTranslator {
   bool isEmpty() const override { return false; }
 };
 
-/// Runs a piece of code as a test of the host does: on a thread of its own, while this one runs the event loop.
-template <class Work>
-void runOnWorkerThread(Work work) {
-  const std::unique_ptr<QThread> thread(QThread::create(work));
-  thread->start();
-  EXPECT_TRUE(QTest::qWaitFor([&] { return thread->isFinished(); }, 20000));
-  thread->wait();
-}
+/// A host's event filter that looks at the dialog whenever it is shown.
+class ShowObserver : public QObject {
+ public:
+  explicit ShowObserver(std::function<void(const QWidget&)> look) : onShow(std::move(look)) {}
+  bool eventFilter(QObject* object, QEvent* event) override {
+    if (event->type() == QEvent::Show) onShow(*static_cast<QWidget*>(object));
+    return false;
+  }
 
-/// What the host does with a dialog request: runs `CreateWidget` on its own thread and returns when it has.
-inline void createOnUserInterfaceThread(AbstractWidgetWrapper& wrapper, QObject& hostFilter) {
-  QMetaObject::invokeMethod(
-      qApp, [&] { wrapper.CreateWidget(nullptr, &hostFilter); }, Qt::BlockingQueuedConnection);
-}
+ private:
+  std::function<void(const QWidget&)> onShow;
+};
+
+/// A dialog without a wrapper.
+template <class Dialog>
+class DialogTest : public testing::Test {
+ protected:
+  static constexpr bool kBarcode = std::is_same_v<Dialog, CameraBarcodeDialog>;
+  static constexpr const char* kPrefix = kBarcode ? "camera_barcode_test_" : "camera_capture_test_";
+  static constexpr const char* kView = kBarcode ? "camera_image" : "lb_image_view";
+
+  void SetUp() override { fakePlatform() = {}; }
+
+  Dialog& create() {
+    dialog = std::make_unique<Dialog>(nullptr, &hostFilter);
+    dialog->resultTarget = &result;
+    return *dialog;
+  }
+  /// Shows a new dialog and makes it the active window, so that its widgets can have the focus.
+  void activate() {
+    create().show();
+    QApplication::setActiveWindow(dialog.get());
+    QTest::qWait(20);
+  }
+  template <class Widget = QWidget>
+  Widget* part(const char* name) const {
+    return dialog->template findChild<Widget*>(QLatin1String(kPrefix) + QLatin1String(name));
+  }
+  std::string focused() const {
+    const QWidget* const widget = dialog->focusWidget();
+    return widget ? widget->objectName().remove(QLatin1String(kPrefix)).toStdString() : "";
+  }
+  /// Presses the key from the header's label on until the focus is back there, and returns where it was.
+  std::vector<std::string> walk(int key) {
+    part("header_label")->setFocus();
+    std::vector<std::string> names;
+    do {
+      pressKey(*dialog, key);
+      names.push_back(focused());
+    } while (names.size() < 20 && names.back() != "header_label");
+    return names;
+  }
+
+  QObject hostFilter;
+  DialogResult result{0};
+  std::unique_ptr<Dialog> dialog;
+};

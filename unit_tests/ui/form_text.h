@@ -4,8 +4,6 @@
 #include <QMetaEnum>
 #include <QWidget>
 
-#include <string>
-
 /// A form as an indented list of its widgets: name (with '~' for `prefix`), class unless it is a plain widget, both
 /// size policies unless they are the class's usual ones, "strong" for what takes strong focus, how the parent's layout
 /// places it, and the layout in it with its margin unless that is the style's.

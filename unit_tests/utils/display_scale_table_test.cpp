@@ -5,12 +5,14 @@
 
 #include <gmock/gmock.h>
 
+#include "unit_tests/fakes/fake_host_services.h"
 #include "unit_tests/fakes/fake_platform.h"
 #include "utils/platform/monitor_dpi.h"
 
 using vexa::utils::platform::DisplayScaleTable;
 using vexa::utils::platform::lastMonitorDpi;
 using vexa::utils::platform::quantiseDpi;
+using vexa::utils::platform::QueryMonitorDpi;
 
 namespace {
 
@@ -49,5 +51,21 @@ TEST_F(DisplayScaleTableTest, AFailedQueryFallsBackToAWaitingValueThenToQt) {
   EXPECT_EQ(DisplayScaleTable().ScaleFactor(0), 1.5);
   EXPECT_EQ(DisplayScaleTable().fullDpi.front(), logical);
 }
+
+#ifdef _WIN32
+TEST_F(DisplayScaleTableTest, AsksTheMonitorAtTheScreensPlaceAndReleasesTheLibrary) {
+  resetFakeHostServices();
+  fakePlatform().monitorDpi = 168;
+  EXPECT_TRUE(QueryMonitorDpi(0));
+  EXPECT_EQ(lastMonitorDpi, 168);
+  EXPECT_EQ(fakePlatform().dpiAwareness, 2);
+  fakePlatform().monitorDpi = 0;
+  EXPECT_FALSE(QueryMonitorDpi(0));
+  EXPECT_EQ(lastMonitorDpi, 168) << "kept";
+  EXPECT_FALSE(QueryMonitorDpi(99));
+  EXPECT_EQ(fakeHostServices().loadedNames, std::vector<std::string>(3, "shcore.dll"));
+  EXPECT_EQ(fakeHostServices().librariesOpen, 0);
+}
+#endif
 
 }  // namespace

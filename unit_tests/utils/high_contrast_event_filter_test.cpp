@@ -3,6 +3,8 @@
 #include <QCoreApplication>
 #include <QMetaMethod>
 
+#include <tuple>
+
 #include <gtest/gtest.h>
 
 #include "unit_tests/fakes/fake_platform.h"
@@ -12,26 +14,21 @@ using vexa::utils::event_filters::HighContrastEventFilter;
 namespace {
 
 TEST(HighContrastEventFilterTest, TakesOnlyTheThemeChange) {
-  struct Case {
-    const char* type;
-    std::uint32_t number;
-    bool taken;
-  };
-  constexpr Case kCases[] = {{"windows_generic_MSG", 794, true},
-                             {"windows_generic_MSG", 793, false},
-                             {"windows_generic_MSG", 0x10000794, false},
-                             {"windows_dispatcher_MSG", 794, false},
-                             {"windows_generic_MSG2", 794, false},
-                             {"windows_generic_MS", 794, false},
-                             {"", 794, false}};
+  constexpr std::tuple<const char*, std::uint32_t, bool> kCases[] = {{"windows_generic_MSG", 794, true},
+                                                                     {"windows_generic_MSG", 793, false},
+                                                                     {"windows_generic_MSG", 0x10000794, false},
+                                                                     {"windows_dispatcher_MSG", 794, false},
+                                                                     {"windows_generic_MSG2", 794, false},
+                                                                     {"windows_generic_MS", 794, false},
+                                                                     {"", 794, false}};
   HighContrastEventFilter filter(nullptr);
   int changes = 0;
   QObject::connect(&filter, &HighContrastEventFilter::ThemeChanged, [&] { ++changes; });
   QCoreApplication::instance()->installNativeEventFilter(&filter);
-  for (const Case& c : kCases) {
+  for (const auto& [type, number, taken] : kCases) {
     changes = 0;
-    EXPECT_EQ(sendNativeMessage(c.type, c.number), c.taken) << c.type << c.number;
-    EXPECT_EQ(changes, c.taken ? 1 : 0);
+    EXPECT_EQ(sendNativeMessage(type, number), taken) << type << number;
+    EXPECT_EQ(changes, taken ? 1 : 0);
   }
 }
 

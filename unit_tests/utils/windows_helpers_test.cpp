@@ -5,6 +5,7 @@
 #include <array>
 #include <cstdlib>
 #include <string>
+#include <utility>
 
 #include <gtest/gtest.h>
 
@@ -44,30 +45,20 @@ TEST(MonitorDpiTest, FindsTheRealMonitorOfTheFirstScreen) {
   EXPECT_EQ(DisplayScaleTable().ScaleFactor(0), 1.0);
 }
 
-TEST(FolderPathTest, EveryKindHasItsFolder) {
+TEST(FolderPathTest, AKindHasItsBaseItsSubfolderAndItsUser) {
   const std::wstring data = std::wstring(_wgetenv(L"ProgramData")) + L"\\Quillon";
   std::array<wchar_t, MAX_PATH> buffer;
   const std::wstring current(buffer.data(), GetCurrentDirectoryW(MAX_PATH, buffer.data()));
   DWORD size = MAX_PATH;
   ASSERT_TRUE(GetUserNameW(buffer.data(), &size));
-  const std::wstring user = buffer.data();
-
-  const std::array<std::wstring, 11> paths = {data,
-                                              data + L"\\scripts",
-                                              data + L"\\QtWebEngine",
-                                              data + L"\\logs_thermal_monitor_tool",
-                                              data + L"\\temp",
-                                              data + L"\\logs_tools",
-                                              current,
-                                              current + L"\\scripts",
-                                              data + L"\\QtWebEngine\\" + user,
-                                              data + L"\\temp\\" + user,
-                                              data + L"\\logs_tools\\" + user};
-  for (std::size_t kind = 0; kind < paths.size(); ++kind) {
-    EXPECT_EQ(GetFolderPath(static_cast<int>(kind)), paths[kind]) << kind;
-  }
-  EXPECT_EQ(GetFolderPath(-1), L"");
-  EXPECT_EQ(GetFolderPath(11), L"");
+  const std::pair<int, std::wstring> paths[] = {{-1, L""},
+                                                {0, data},
+                                                {4, data + L"\\temp"},
+                                                {6, current},
+                                                {7, current + L"\\scripts"},
+                                                {10, data + L"\\logs_tools\\" + buffer.data()},
+                                                {11, L""}};
+  for (const auto& [kind, path] : paths) EXPECT_EQ(GetFolderPath(kind), path) << kind;
 }
 
 }  // namespace

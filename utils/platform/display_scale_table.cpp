@@ -28,7 +28,7 @@ DisplayScaleTable::DisplayScaleTable() {
     scaleDpi.push_back(0);
     fullDpi.push_back(0);
     // A failing query may still find a value waiting, which counts.
-    QueryMonitorDpi(i);
+    static_cast<void>(QueryMonitorDpi(i));
     std::int32_t dpi = std::exchange(lastMonitorDpi, 0);
     if (dpi == 0) dpi = static_cast<std::int32_t>(QGuiApplication::screens().at(i)->logicalDotsPerInchX());
     fullDpi.back() = quantiseDpi(dpi);

@@ -6,7 +6,8 @@
 #include <QRect>
 #include <QScreen>
 
-#include <bit>
+#include <memory>
+#include <new>
 #include <vector>
 
 #include "module/host_services.h"
@@ -14,26 +15,14 @@
 namespace vexa::utils::platform {
 namespace {
 
-/// A library that the host's module service loads and releases.
-class HostLibrary {
- public:
-  explicit HostLibrary(const char* fileName) : library(get_module()->load(fileName, 1)) {}
-  ~HostLibrary() {
-    if (library) get_module()->unload(library);
-  }
-  HostLibrary(const HostLibrary&) = delete;
-  HostLibrary& operator=(const HostLibrary&) = delete;
-
-  explicit operator bool() const { return library != nullptr; }
-
-  template <class Function>
-  Function find(const char* name) const {
-    return std::bit_cast<Function>(GetProcAddress(static_cast<HMODULE>(library), name));
-  }
-
- private:
-  void* library;
+struct UnloadByHost {
+  void operator()(void* library) const { get_module()->unload(library); }
 };
+
+template <class Function>
+Function find(void* library, const char* name) {
+  return reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(static_cast<HMODULE>(library), name)));
+}
 
 // shcore.dll is looked up at run time, so its enumerations are passed as the integers that they are.
 using SetProcessDpiAwarenessFunction = HRESULT(WINAPI*)(int awareness);
@@ -41,14 +30,16 @@ using GetDpiForMonitorFunction = HRESULT(WINAPI*)(HMONITOR monitor, int kind, UI
 constexpr int kPerMonitorAware = 2;
 constexpr int kEffectiveDpi = 0;
 
-BOOL CALLBACK appendMonitor(HMONITOR monitor, HDC, RECT*, LPARAM list) {
-  std::bit_cast<std::vector<HMONITOR>*>(list)->push_back(monitor);
+BOOL CALLBACK appendMonitor(HMONITOR monitor, HDC, RECT*, LPARAM list) try {
+  reinterpret_cast<std::vector<HMONITOR>*>(list)->push_back(monitor);
   return TRUE;
+} catch (const std::bad_alloc&) {
+  return FALSE;
 }
 
 std::vector<HMONITOR> allMonitors() {
   std::vector<HMONITOR> monitors;
-  EnumDisplayMonitors(nullptr, nullptr, &appendMonitor, std::bit_cast<LPARAM>(&monitors));
+  EnumDisplayMonitors(nullptr, nullptr, &appendMonitor, reinterpret_cast<LPARAM>(&monitors));
   return monitors;
 }
 
@@ -71,14 +62,14 @@ HRESULT queryDpi(HMONITOR monitor, GetDpiForMonitorFunction getDpiForMonitor) {
 }  // namespace
 
 bool QueryMonitorDpi(int screenIndex) {
-  const HostLibrary shcore("shcore.dll");
+  const std::unique_ptr<void, UnloadByHost> shcore(get_module()->load("shcore.dll", 1));
   if (!shcore) return false;
 
-  if (const auto setAwareness = shcore.find<SetProcessDpiAwarenessFunction>("SetProcessDpiAwareness")) {
+  if (const auto setAwareness = find<SetProcessDpiAwarenessFunction>(shcore.get(), "SetProcessDpiAwareness")) {
     // Refused when the host or its manifest has chosen already, which is as well.
     setAwareness(kPerMonitorAware);
   }
-  const auto getDpiForMonitor = shcore.find<GetDpiForMonitorFunction>("GetDpiForMonitor");
+  const auto getDpiForMonitor = find<GetDpiForMonitorFunction>(shcore.get(), "GetDpiForMonitor");
 
   const QList<QScreen*> screens = QGuiApplication::screens();
   if (screenIndex < 0 || screenIndex >= screens.size()) return false;

@@ -1,13 +1,13 @@
 #pragma once
 
-// Windows only: the classes of devices among which cameras are searched.
+// The classes of devices among which cameras are searched.
 
 #include <windows.h>
 
 #include <array>
 
 /// Device setup classes in the order of the search: camera, image, media.
-constexpr std::array<GUID, 3> DeviceClassList = {{
+inline constexpr std::array<GUID, 3> DeviceClassList = {{
     {0xCA3E7AB9, 0xB4C3, 0x4AE6, {0x82, 0x51, 0x57, 0x9E, 0xF9, 0x33, 0x89, 0x0F}},
     {0x6BDD1FC6, 0x810F, 0x11D0, {0xBE, 0xC7, 0x08, 0x00, 0x2B, 0xE2, 0x09, 0x2F}},
     {0x4D36E96C, 0xE325, 0x11CE, {0xBF, 0xC1, 0x08, 0x00, 0x2B, 0xE1, 0x03, 0x18}},
@@ -15,7 +15,7 @@ constexpr std::array<GUID, 3> DeviceClassList = {{
 
 /// Device interface classes in the order of the search within a setup class: KSCATEGORY_VIDEO_CAMERA and
 /// KSCATEGORY_CAPTURE, whose header cannot be included beside Media Foundation's.
-constexpr std::array<GUID, 2> kCameraInterfaceClassList = {{
+inline constexpr std::array<GUID, 2> kCameraInterfaceClassList = {{
     {0xE5323777, 0xF976, 0x4F5B, {0x9B, 0x55, 0xB9, 0x46, 0x99, 0xC4, 0x6E, 0x44}},
     {0x65E8773D, 0x8F56, 0x11D0, {0xA3, 0xB9, 0x00, 0xA0, 0xC9, 0x22, 0x31, 0x96}},
 }};

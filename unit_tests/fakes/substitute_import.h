@@ -1,0 +1,12 @@
+#pragma once
+
+#include <windows.h>
+
+/// Puts `replacement` in the place of a function that the product imports from a DLL, for the whole program.
+#define SUBSTITUTE_IMPORT(function, replacement) decltype(&function) __imp_##function = replacement
+
+/// The system's own function behind one that is replaced.
+template <class Function>
+Function* systemFunction(const wchar_t* library, const char* name) {
+  return reinterpret_cast<Function*>(reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(library), name)));
+}

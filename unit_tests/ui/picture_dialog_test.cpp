@@ -1,0 +1,147 @@
+#include "ui/picture_dialog.h"
+
+#include <QLabel>
+
+#include <functional>
+
+#include "unit_tests/ui/dialog_helpers.h"
+
+namespace {
+
+template <class Dialog>
+class PictureDialogTest : public DialogTest<Dialog> {
+ protected:
+  void sendMouse(QEvent::Type type, QPoint position, QPoint global) {
+    const auto button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
+    QMouseEvent event(type, position, global, button, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(this->dialog.get(), &event);
+  }
+};
+using Dialogs = testing::Types<CameraDialog, CameraBarcodeDialog>;
+TYPED_TEST_SUITE(PictureDialogTest, Dialogs);
+
+TYPED_TEST(PictureDialogTest, IsModalWithItsTitleAndDescriptionsForAScreenReader) {
+  const MarkingTranslator translator;
+  for (const bool reader : {false, true}) {
+    fakePlatform().narratorRuns = reader;
+    TypeParam& created = this->create();
+    EXPECT_EQ(created.windowFlags().toInt(), this->kBarcode ? 0x803 : 0x40803);
+    EXPECT_EQ(created.windowModality(), Qt::ApplicationModal);
+    EXPECT_FALSE(created.testAttribute(Qt::WA_DeleteOnClose));
+    EXPECT_EQ(created.windowTitle(), "<APPLICATION_NAME>");
+    EXPECT_EQ(this->template part<QLabel>("header_label")->text(),
+              this->kBarcode ? "<CAMERA_BARCODE_DIALOG_TITLE>" : "<CAMERA_DIALOG_TITLE>");
+    EXPECT_EQ(this->part("header_close")->cursor().shape(), Qt::PointingHandCursor);
+    EXPECT_EQ(this->part("header_close")->accessibleDescription(), reader ? "<CLOSE_POP_UP>" : "");
+    EXPECT_EQ(this->part(this->kView)->accessibleDescription(), reader ? "<CAMERA>" : "");
+  }
+}
+
+TYPED_TEST(PictureDialogTest, EveryWayOfClosingGivesFive) {
+  const std::pair<const char*, std::function<void()>> ways[] = {
+      {"Escape", [this] { pressKey(*this->dialog, Qt::Key_Escape); }},
+      {"button", [this] { this->template part<QPushButton>("header_close")->click(); }},
+      {"Enter on the button",
+       [this] { this->part("header_close")->setFocus(), pressKey(*this->dialog, Qt::Key_Return); }},
+      {"Close", [this] { this->dialog->Close(); }},
+      {"close", [this] { this->dialog->close(); }},
+      {"reject", [this] { this->dialog->reject(); }},
+      {"accept", [this] { this->dialog->accept(); }},
+      {"done", [this] { this->dialog->done(1); }},
+      {"finished", [this] { emit this->dialog->finished(0); }},
+  };
+  for (const auto& [name, way] : ways) {
+    SCOPED_TRACE(name);
+    this->result = 0;
+    this->activate();
+    int closing = 0;
+    int finished = 0;
+    QObject::connect(this->dialog.get(), &TypeParam::closing, [&] { ++closing; });
+    QObject::connect(this->dialog.get(), &QDialog::finished, [&] { ++finished; });
+    way();
+    EXPECT_FALSE(this->dialog->isVisible());
+    EXPECT_EQ(this->result, 5);
+    EXPECT_EQ(this->dialog->result(), 5);
+    EXPECT_GE(closing, 1);
+    EXPECT_GE(finished, 1);
+  }
+}
+
+TYPED_TEST(PictureDialogTest, WithoutAScreenReaderOnlyEscapeCounts) {
+  this->activate();
+  for (const int key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space, Qt::Key_Up, Qt::Key_Down}) {
+    this->dialog->focusWidget()->clearFocus();
+    pressKey(*this->dialog, key);
+    EXPECT_TRUE(this->dialog->isVisible());
+    EXPECT_EQ(this->focused(), "");
+    this->part("header_close")->setFocus();
+  }
+  EXPECT_EQ(this->result, 0);
+}
+
+TYPED_TEST(PictureDialogTest, ArrowsOfAScreenReaderGoRoundAndPassOverWhatTheBarcodeDialogHides) {
+  fakePlatform().narratorRuns = true;
+  this->activate();
+  EXPECT_TRUE(this->part("header_label")->hasFocus());
+  auto names = std::vector<std::string>{this->kView, "header_close", "header_label"};
+  if (this->kBarcode) names.insert(names.end(), {"information_message", "fail_text_label", "button_fail"});
+  const auto down = this->walk(Qt::Key_Down);
+  EXPECT_THAT(down, testing::UnorderedElementsAreArray(names));
+  auto up = this->walk(Qt::Key_Up);
+  std::reverse(up.begin(), up.end() - 1);
+  EXPECT_EQ(up, down);
+
+  const std::string last = down[down.size() - 2];
+  pressKey(*this->dialog, Qt::Key_Left);
+  EXPECT_EQ(this->focused(), "header_label");
+  this->part("header_label")->clearFocus();
+  pressKey(*this->dialog, Qt::Key_Up);
+  EXPECT_EQ(this->focused(), last) << "from none up to the last";
+  this->dialog->focusWidget()->clearFocus();
+  pressKey(*this->dialog, Qt::Key_Down);
+  EXPECT_EQ(this->focused(), "header_label") << "from none down to the first";
+
+  this->part(last.c_str())->hide();
+  pressKey(*this->dialog, Qt::Key_Up);
+  EXPECT_EQ(this->part(down[down.size() - 3].c_str())->hasFocus(), this->kBarcode) << "hidden widgets are skipped";
+
+  // The reader is asked for at every key: now it is gone.
+  this->part("header_label")->setFocus();
+  fakePlatform().narratorRuns = false;
+  pressKey(*this->dialog, Qt::Key_Down);
+  EXPECT_EQ(this->focused(), "header_label");
+}
+
+TYPED_TEST(PictureDialogTest, FollowsTheMouseUntilAReleaseOverTheHeader) {
+  this->activate();
+  QWidget& window = *this->dialog;
+  const auto hover = [this](bool overHeader, bool overClose) {
+    this->part("widget_header")->setAttribute(Qt::WA_UnderMouse, overHeader);
+    this->part("header_close")->setAttribute(Qt::WA_UnderMouse, overClose);
+  };
+  const auto press = [&] { this->sendMouse(QEvent::MouseButtonPress, {5, 7}, window.pos() + QPoint(5, 7)); };
+  const auto follows = [&](QPoint global) {
+    this->sendMouse(QEvent::MouseMove, {0, 0}, global);
+    return window.pos() == global - QPoint(5, 7);
+  };
+  hover(true, true);
+  press();
+  EXPECT_FALSE(follows({101, 100})) << "pressed on the close button";
+  hover(false, false);
+  press();
+  EXPECT_FALSE(follows({102, 100})) << "pressed on the picture";
+
+  hover(true, false);
+  press();
+  EXPECT_EQ(window.cursor().shape(), Qt::ClosedHandCursor);
+  EXPECT_TRUE(follows({103, 100}));
+  hover(false, false);
+  this->sendMouse(QEvent::MouseButtonRelease, {5, 7}, {103, 100});
+  EXPECT_TRUE(follows({130, 140})) << "a release elsewhere does not end the drag";
+  hover(true, false);
+  this->sendMouse(QEvent::MouseButtonRelease, {5, 7}, {130, 140});
+  EXPECT_FALSE(follows({150, 150}));
+  EXPECT_EQ(window.cursor().shape(), Qt::ArrowCursor);
+}
+
+}  // namespace
