@@ -218,7 +218,7 @@ TEST_F(ShowRetryTest, HappensOnTheUserInterfaceThreadBeforeTheTestGoesOn) {
   show({64, 48});
   AskingFilter filter;
   for (QWidget* const part : open()->findChildren<QWidget*>()) part->installEventFilter(&filter);
-  bool switched = false;
+  std::atomic<bool> switched = false;
   runOnWorkerThread([&] {
     wrapper->ShowRetry();
     switched = filter.shown;
