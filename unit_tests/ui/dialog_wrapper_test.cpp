@@ -221,7 +221,7 @@ TEST_F(ShowRetryTest, HappensOnTheUserInterfaceThreadBeforeTheTestGoesOn) {
   std::atomic<bool> switched = false;
   runOnWorkerThread([&] {
     wrapper->ShowRetry();
-    switched = filter.shown;
+    switched = filter.shown.load();
   });
   EXPECT_TRUE(switched);
   EXPECT_EQ(filter.threads, std::set<const QThread*>{filter.thread()});
