@@ -5,7 +5,7 @@
 
 #include <chrono>
 #include <future>
-#include <utility>
+#include <memory>
 
 #include "ui/camera_barcode_dialog.h"
 
@@ -50,8 +50,11 @@ void CameraBarcodeWidgetWrapper::ShowRetry() {
     retry();
     return;
   }
-  std::packaged_task<void()> task(retry);
-  const std::future<void> done = task.get_future();
-  QMetaObject::invokeMethod(application, std::move(task), Qt::QueuedConnection);
-  done.wait_for(kLongestWait);
+  const auto done = std::make_shared<std::promise<void>>();
+  const auto retryThere = [retry, done] {
+    retry();
+    done->set_value();
+  };
+  QMetaObject::invokeMethod(application, retryThere, Qt::QueuedConnection);
+  done->get_future().wait_for(kLongestWait);
 }

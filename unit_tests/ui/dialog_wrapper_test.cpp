@@ -218,10 +218,10 @@ TEST_F(ShowRetryTest, HappensOnTheUserInterfaceThreadBeforeTheTestGoesOn) {
   show({64, 48});
   AskingFilter filter;
   for (QWidget* const part : open()->findChildren<QWidget*>()) part->installEventFilter(&filter);
-  bool switched = false;
+  std::atomic<bool> switched = false;
   runOnWorkerThread([&] {
     wrapper->ShowRetry();
-    switched = filter.shown;
+    switched = filter.shown.load();
   });
   EXPECT_TRUE(switched);
   EXPECT_EQ(filter.threads, std::set<const QThread*>{filter.thread()});
