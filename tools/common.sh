@@ -1,57 +1,84 @@
-# What every script here shares: where things lie, how a failure is said, how source packages are fetched.
+# What every script here shares: where things lie, how a failure is said, how a command's processes are held together.
 # Sourced, not run.
-set -euo pipefail
+# shellcheck shell=bash
+set -eEuo pipefail
 
 project=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+# Without HOME the tilde is the folder that the system knows for the user.
+export HOME=${HOME:-~}
 cache=${XDG_CACHE_HOME:-$HOME/.cache}/module_camera
 export LC_ALL=C.UTF-8
 
 say() { printf '%s\n' "== $*" >&2; }
-die() { printf '%s\n' "error: $*" >&2; exit 1; }
+# 2 says that something was called wrongly or could not be set up or built; 1 is kept for a test that failed.
+die() { printf '%s\n' "error: $*" >&2; exit 2; }
+# So does whatever fails unforeseen. A script that ended with 2, and a signal, need no second sentence.
+unforeseen() { [ "$1" = 2 ] || [ "$1" -gt 128 ] || die "$0, line $2: $3"; exit "$1"; }
+trap 'unforeseen "$?" "$LINENO" "$BASH_COMMAND"' ERR
 
-# Held until the script ends: two set-ups at once would fetch and build the same things twice.
-lock_cache() {
-  mkdir -p "$cache"
-  exec 9>"$cache/lock"
-  flock -n 9 || { say "waiting for another set-up to finish"; flock 9; }
+# Held until the script ends.
+lock() {
+  mkdir -p "$(dirname "$1")"
+  exec 9>"$1"
+  flock -n 9 || { say "waiting for another run that holds $1"; flock 9; }
 }
 
-# apt with lists of our own, which name the sources of the Debian releases that the machine's lists name: the
-# machine's own configuration, which leaves sources out by default, stays as it is.
-source_apt() {
-  local lists=$cache/apt
-  mkdir -p "$lists/state/partial"
-  # shellcheck disable=SC2016 # apt expands the names, not the shell.
-  apt-get indextargets --format '$(REPO_URI) $(RELEASE) $(COMPONENT)' 'Origin: Debian' 'Created-By: Packages' |
-    sort -u | sed 's|^|deb-src [signed-by=/usr/share/keyrings/debian-archive-keyring.gpg] |' >"$lists/sources.list"
-  "$@" -o "Dir::Etc::SourceList=$lists/sources.list" -o Dir::Etc::SourceParts=- -o "Dir::State::Lists=$lists/state" \
-    -o APT::Sandbox::User=root
+# Runs a command in a process group of its own; ends this script with the command's status unless that is 0. A TERM, INT or HUP
+# to this script ends the whole group and then this script; what the command leaves behind in its group ends with it.
+in_group() {
+  local status=0 signal="" group
+  set -m
+  # The terminal counts the group as a background one: what sets the terminal up must not be stopped for that.
+  (
+    set +m
+    trap '' TTIN TTOU
+    [ "$(type -t "$1")" != function ] || { "$@"; exit; }
+    exec "$@"
+  ) <&0 9>&- &
+  group=$!
+  set +m
+  trap 'signal=143; kill -TERM -- "-$group" 2>/dev/null || true' TERM HUP
+  trap 'signal=130; kill -TERM -- "-$group" 2>/dev/null || true' INT
+  # A signal ends the wait before the command.
+  while true; do
+    status=0
+    wait "$group" || status=$?
+    kill -0 "$group" 2>/dev/null || break
+  done
+  # A second signal must not cut short what cleans up.
+  trap : TERM HUP INT
+  [ -n "$signal" ] || kill -TERM -- "-$group" 2>/dev/null || true
+  for _ in $(seq 200); do
+    kill -0 -- "-$group" 2>/dev/null || break
+    sleep 0.1
+  done
+  kill -KILL -- "-$group" 2>/dev/null || true
+  [ -n "$signal" ] || trap - TERM HUP INT
+  status=${signal:-$status}
+  [ "$status" = 0 ] || exit "$status"
 }
 
-# fetch_source PACKAGE=VERSION FOLDER [OPTION…]: unpacks a Debian source package into FOLDER.
-fetch_source() {
-  local package=$1 folder=$2
-  shift 2
-  say "fetching the source package $package"
-  source_apt apt-get update >"$folder/update.log" 2>&1 ||
-    die "the lists of source packages could not be fetched: $(grep -m1 '^E:' "$folder/update.log" || true)"
-  (cd "$folder" && source_apt apt-get source --only-source "$@" "$package" >fetch.log 2>&1) ||
-    die "the source package $package could not be fetched: $(grep -m1 '^E:' "$folder/fetch.log" || tail -n 1 "$folder/fetch.log")"
+# Starts a server in a process group of its own, which no Ctrl+C reaches; it ends at the latest when this script does.
+start_server() {
+  set -m
+  setpriv --pdeathsig TERM "$@" 9>&- &
+  disown
+  set +m
 }
 
-qt_version=$(dpkg-query -W -f='${Version}' qt6-base-dev 2>/dev/null || true)
+qt_version=$(dpkg-query -W -f='${source:Version}' qt6-base-dev 2>/dev/null || true)
 
-# The folder of the Qt for Windows that fits the installed Qt tools and the way it is built.
+# The folder of the Qt for Windows that fits the version of the installed Qt tools and the way it is configured.
 qt_prefix() {
   local recipe
-  recipe=$(cat "$project/tools/build_qt" "$project/cmake/mingw-w64-x86_64.cmake" | sha256sum | cut -c1-12)
+  recipe=$(sed '/^ *#/d' "$project/cmake/qt_windows.cmake" "$project/cmake/mingw-w64-x86_64.cmake" | sha256sum | cut -c1-12)
   printf '%s/qt-%s-%s' "$cache" "${qt_version//[^0-9A-Za-z.]/_}" "$recipe"
 }
 
-# The folder of the Wine prefix that programs of the build run in.
+# The folder of the Wine prefix that each run takes a copy of.
 wine_prefix() {
   local recipe
-  recipe=$(sha256sum <"$project/tools/make_wine_prefix" | cut -c1-12)
+  recipe=$(sed '/^ *#/d' "$project/tools/make_wine_prefix" | sha256sum | cut -c1-12)
   printf '%s/wine-%s' "$cache" "$recipe"
 }
 
