@@ -68,24 +68,17 @@ start_server() {
 
 qt_version=$(dpkg-query -W -f='${source:Version}' qt6-base-dev 2>/dev/null || true)
 
-# The folder of the Qt for Windows that fits the version of the installed Qt tools and the way it is configured.
-qt_prefix() {
-  local recipe
-  recipe=$(sed '/^ *#/d' "$project/cmake/qt_windows.cmake" "$project/cmake/mingw-w64-x86_64.cmake" | sha256sum | cut -c1-12)
-  printf '%s/qt-%s-%s' "$cache" "${qt_version//[^0-9A-Za-z.]/_}" "$recipe"
-}
+# recipe FILE…: a short name for what the files say; their comments do not count.
+recipe() { sed '/^ *#/d' "$@" | sha256sum | cut -c1-12; }
+# cached NAME VERSION FILE…: the folder of something that is made once from a version by a recipe.
+cached() { printf '%s/%s-%s-%s' "$cache" "$1" "${2//[^0-9A-Za-z.]/_}" "$(recipe "${@:3}")"; }
 
-# The folder of the Wine prefix that each run takes a copy of.
-wine_prefix() {
-  local recipe
-  recipe=$(sed '/^ *#/d' "$project/tools/make_wine_prefix" | sha256sum | cut -c1-12)
-  printf '%s/wine-%s' "$cache" "$recipe"
-}
+# The Qt for Windows that fits the version of the installed Qt tools and the way it is configured.
+qt_prefix() { cached qt "$qt_version" "$project/cmake/qt_windows.cmake" "$project/cmake/mingw-w64-x86_64.cmake"; }
 
-# The barcode decoder's source package, and the folder of its source, unpacked and edited.
+# The Wine prefix that each run takes a copy of.
+wine_prefix() { cached wine prefix "$project/tools/make_wine_prefix"; }
+
+# The source of the barcode decoder, unpacked and edited.
 qzxing_version=3.3.0+dfsg-3
-qzxing_source() {
-  local recipe
-  recipe=$(sha256sum <"$project/tools/fetch_qzxing" | cut -c1-12)
-  printf '%s/qzxing-%s-%s' "$cache" "${qzxing_version//[^0-9A-Za-z.]/_}" "$recipe"
-}
+qzxing_source() { cached qzxing "$qzxing_version" "$project/tools/fetch_qzxing"; }

@@ -18,9 +18,7 @@ namespace {
 void printCamera(SystemComponent& camera) {
   const ComponentDescription description = camera.getDescription();
   std::printf("camera %s: %s\n", camera.getId().c_str(), description.name.c_str());
-  for (const auto& [key, value] : description.properties) {
-    std::printf("  %s: %s\n", key.c_str(), value.c_str());
-  }
+  for (const auto& [key, value] : description.properties) std::printf("  %s: %s\n", key.c_str(), value.c_str());
 }
 
 void printTests(ModuleInterface& module) {
@@ -44,9 +42,7 @@ int main() {
   auto& manager = static_cast<CameraComponentManager&>(*module.getComponentManager());
   manager.refresh();
   std::printf("%zu cameras\n", manager.getComponentCount());
-  for (std::uint32_t i = 0; i < manager.getComponentCount(); ++i) {
-    printCamera(*manager.getComponent(i));
-  }
+  for (std::uint32_t i = 0; i < manager.getComponentCount(); ++i) printCamera(*manager.getComponent(i));
   ReleaseModuleInterfaceInstance();
   return 0;
 }

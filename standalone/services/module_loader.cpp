@@ -7,7 +7,5 @@ void* ModuleLoader::load(const char* fileName, int /*mode*/) {
 }
 
 void ModuleLoader::unload(void* library) {
-  if (library) {
-    FreeLibrary(static_cast<HMODULE>(library));
-  }
+  if (library) FreeLibrary(static_cast<HMODULE>(library));
 }
