@@ -91,6 +91,8 @@ set(CPACK_GENERATOR External)
 set(CPACK_EXTERNAL_ENABLE_STAGING ON)
 set(CPACK_EXTERNAL_PACKAGE_SCRIPT ${package_files}/write_zips.cmake)
 # For the script:
+find_package(Python3 QUIET COMPONENTS Interpreter)
+set(CPACK_PYTHON ${Python3_EXECUTABLE})
 set(CPACK_OBJCOPY ${CMAKE_OBJCOPY})
 set(CPACK_SOURCE_ROOT ${PROJECT_SOURCE_DIR})
 set(CPACK_OWN_BINARIES module_host.exe module_camera.dll host_services.dll host_style.dll)
