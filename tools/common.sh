@@ -68,10 +68,14 @@ start_server() {
 
 qt_version=$(dpkg-query -W -f='${source:Version}' qt6-base-dev 2>/dev/null || true)
 
-# The folder of the Qt for Windows that fits the version of the installed Qt tools and the way it is configured.
+# Qt SVG is of the number before, as the archive does not hold the source of its 6.4.
+qt_svg_version=5.15.8-3
+
+# The folder of the Qt for Windows that fits the version of the installed Qt tools and the way it is configured, with Qt SVG.
 qt_prefix() {
   local recipe
-  recipe=$(sed '/^ *#/d' "$project/cmake/qt_windows.cmake" "$project/cmake/mingw-w64-x86_64.cmake" | sha256sum | cut -c1-12)
+  recipe=$( (cd "$project/cmake" && echo "$qt_svg_version" &&
+    sed '/^ *#/d' qt_windows.cmake mingw-w64-x86_64.cmake qt_svg/CMakeLists.txt qt_svg/qt6.sed) | sha256sum | cut -c1-12)
   printf '%s/qt-%s-%s' "$cache" "${qt_version//[^0-9A-Za-z.]/_}" "$recipe"
 }
 
