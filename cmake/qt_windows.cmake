@@ -16,8 +16,9 @@ set(INPUT_opengl no CACHE STRING "")
 # tenth of the time. tabletevent asks for a header that Debian strips.
 foreach(feature
     concurrent dbus icu glib network opengl pkg_config printsupport sql system_pcre2 system_png system_zlib testlib vulkan xml
-    direct2d1_1 gif harfbuzz jpeg pdf tabletevent textodfwriter undocommand undostack
+    direct2d1_1 gif harfbuzz hijricalendar islamiccivilcalendar jalalicalendar jpeg pdf tabletevent textmarkdownreader
+    textmarkdownwriter textodfwriter undocommand undogroup undostack
     calendarwidget colordialog columnview completer datetimeedit dial dockwidget fontcombobox fontdialog graphicsview
-    keysequenceedit lcdnumber mdiarea syntaxhighlighter undoview wizard)
+    keysequenceedit lcdnumber mdiarea scroller syntaxhighlighter undoview wizard)
   set(FEATURE_${feature} OFF CACHE BOOL "")
 endforeach()

@@ -9,11 +9,15 @@ endif()
 
 # The DLLs of Qt and of the compiler that the programs need.
 set(RUNTIME_LIBRARIES)
-foreach(library Core Gui Widgets Svg)
-  if(TARGET Qt6::${library})
-    list(APPEND RUNTIME_LIBRARIES $<TARGET_FILE:Qt6::${library}>)
-  endif()
+foreach(library Core Gui Widgets)
+  list(APPEND RUNTIME_LIBRARIES $<TARGET_FILE:Qt6::${library}>)
 endforeach()
+# The plug-ins that draw icons need it. It is looked for by its file, as no program links it.
+set(qt_svg_library ${QT6_INSTALL_PREFIX}/${QT6_INSTALL_BINS}/Qt6Svg.dll)
+if(NOT EXISTS ${qt_svg_library})
+  message(FATAL_ERROR "Qt SVG, which draws the icons, is not in ${qt_svg_library}. Install that module of Qt too.")
+endif()
+list(APPEND RUNTIME_LIBRARIES ${qt_svg_library})
 cmake_path(GET CMAKE_CXX_COMPILER PARENT_PATH compiler_folder)
 foreach(library libgcc_s_seh-1.dll libstdc++-6.dll libwinpthread-1.dll)
   # A compiler installed on Windows has them beside itself, a cross compiler among its libraries.

@@ -73,8 +73,13 @@ recipe() { sed '/^ *#/d' "$@" | sha256sum | cut -c1-12; }
 # cached NAME VERSION FILE…: the folder of something that is made once from a version by a recipe.
 cached() { printf '%s/%s-%s-%s' "$cache" "$1" "${2//[^0-9A-Za-z.]/_}" "$(recipe "${@:3}")"; }
 
-# The Qt for Windows that fits the version of the installed Qt tools and the way it is configured.
-qt_prefix() { cached qt "$qt_version" "$project/cmake/qt_windows.cmake" "$project/cmake/mingw-w64-x86_64.cmake"; }
+# The Qt for Windows that fits the version of the installed Qt tools and the way it is configured, with Qt SVG. The latter is of
+# the number before, as the archive does not hold the source of its 6.4.
+qt_svg_version=5.15.8-3
+qt_prefix() {
+  cached qt "$qt_version-svg-$qt_svg_version" "$project/cmake/qt_windows.cmake" "$project/cmake/mingw-w64-x86_64.cmake" \
+    "$project/cmake/qt_svg/CMakeLists.txt" "$project/cmake/qt_svg/qt6.sed"
+}
 
 # The Wine prefix that each run takes a copy of.
 wine_prefix() { cached wine prefix "$project/tools/make_wine_prefix"; }
