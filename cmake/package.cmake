@@ -4,7 +4,8 @@ set(package_files ${CMAKE_CURRENT_LIST_DIR}/package)
 
 install(TARGETS module_host module_camera host_services host_style RUNTIME DESTINATION . COMPONENT runtime)
 install(FILES ${RUNTIME_LIBRARIES} DESTINATION . COMPONENT runtime)
-install(DIRECTORY ${APP_DIR}/translations DESTINATION . COMPONENT runtime)
+install(FILES ${APP_DIR}/translations/module_host_en.qm DESTINATION translations COMPONENT runtime)
+install(FILES ${package_files}/test_camera.cmd DESTINATION . COMPONENT runtime)
 # Qt looks for plug-ins beside the program.
 set(plugins ${QT6_INSTALL_PREFIX}/${QT6_INSTALL_PLUGINS})
 install(FILES ${plugins}/platforms/qwindows.dll DESTINATION platforms COMPONENT runtime)
@@ -14,15 +15,12 @@ install(FILES ${plugins}/iconengines/qsvgicon.dll DESTINATION iconengines COMPON
 configure_file(${package_files}/README.txt.in README.txt @ONLY NEWLINE_STYLE CRLF)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/README.txt DESTINATION . COMPONENT runtime)
 
-# licence(NAME FILE): the licence of a part of the package. FILE is where Debian keeps it.
+# licence(NAME FILE): the licence of a part of the package. FILE is where Debian keeps it; -DLICENCE_NAME=<file> names another.
 function(licence name file)
-  set(LICENCE_${name} ${file} CACHE FILEPATH "The licence text of ${name}")
-  if(NOT EXISTS ${LICENCE_${name}})
-    message(WARNING "The licence text of ${name} is not at ${LICENCE_${name}}; what is packed must hold it. "
-                    "Name it: -DLICENCE_${name}=<file>")
-    return()
+  if(LICENCE_${name})
+    set(file ${LICENCE_${name}})
   endif()
-  install(FILES ${LICENCE_${name}} DESTINATION licences RENAME ${name}.txt COMPONENT runtime)
+  install(FILES ${file} DESTINATION licences RENAME ${name}.txt COMPONENT runtime)
 endfunction()
 licence(module_camera ${PROJECT_SOURCE_DIR}/LICENSE)
 licence(QZXing ${qzxing_root}/LICENSE)
@@ -77,7 +75,8 @@ write_basic_package_version_file(module_cameraConfigVersion.cmake COMPATIBILITY 
 install(FILES ${package_files}/module_cameraConfig.cmake ${CMAKE_CURRENT_BINARY_DIR}/module_cameraConfigVersion.cmake
         DESTINATION lib/cmake/module_camera COMPONENT sdk)
 install(FILES ${PROJECT_SOURCE_DIR}/docs/host-contract.md ${PROJECT_SOURCE_DIR}/LICENSE DESTINATION . COMPONENT sdk)
-install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples DESTINATION . COMPONENT sdk)
+install(FILES ${PROJECT_SOURCE_DIR}/examples/minimal_host/CMakeLists.txt ${PROJECT_SOURCE_DIR}/examples/minimal_host/main.cpp
+        DESTINATION examples/minimal_host COMPONENT sdk)
 
 set(CPACK_PACKAGE_FILE_NAME module_camera-${PROJECT_VERSION}-windows-x64)
 set(CPACK_PACKAGE_DIRECTORY ${CMAKE_BINARY_DIR}/package)

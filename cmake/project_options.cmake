@@ -13,8 +13,13 @@ if(WIN32)
   target_compile_options(debug_symbols INTERFACE -g)
   # Windows 10 is the oldest system that the module supports.
   target_compile_definitions(project_options INTERFACE UNICODE _UNICODE NOMINMAX _WIN32_WINNT=0x0A00 WINVER=0x0A00)
-  # The same source gives the same bytes, whenever and in whichever folder it is built.
+  # The same source gives the same bytes, whenever, in whichever folder and by whomever it is built.
   target_compile_options(project_options INTERFACE -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.)
+  if(MODULE_CAMERA_QT)
+    # Beside Qt lies the decoder.
+    cmake_path(GET MODULE_CAMERA_QT PARENT_PATH cache)
+    target_compile_options(project_options INTERFACE -ffile-prefix-map=${cache}=cache)
+  endif()
   target_link_options(project_options INTERFACE -Wl,--no-insert-timestamp)
 endif()
 

@@ -65,7 +65,7 @@ endfunction()
 
 # lay_stage(TARGET…): links to what the targets build and to the DLLs that it needs, as the target `stage`.
 function(lay_stage)
-  set(commands COMMAND ${CMAKE_COMMAND} -E make_directory ${STAGE_DIR})
+  set(commands)
   foreach(target IN LISTS ARGN)
     list(APPEND commands COMMAND ${CMAKE_COMMAND} -E create_symlink $<TARGET_FILE:${target}>
          ${STAGE_DIR}/$<TARGET_FILE_NAME:${target}>)
@@ -73,9 +73,11 @@ function(lay_stage)
   foreach(file IN LISTS RUNTIME_LIBRARIES)
     list(APPEND commands COMMAND ${CMAKE_COMMAND} -E create_symlink ${file} ${STAGE_DIR}/$<PATH:GET_FILENAME,${file}>)
   endforeach()
-  list(APPEND commands COMMAND ${CMAKE_COMMAND} -E create_symlink ${APP_DIR}/translations ${STAGE_DIR}/translations)
-  add_custom_target(stage ALL ${commands} VERBATIM)
-  add_dependencies(stage ${ARGN})
+  file(MAKE_DIRECTORY ${STAGE_DIR})
+  add_custom_command(OUTPUT ${STAGE_DIR}/laid ${commands}
+                     COMMAND ${CMAKE_COMMAND} -E create_symlink ${APP_DIR}/translations ${STAGE_DIR}/translations
+                     COMMAND ${CMAKE_COMMAND} -E touch ${STAGE_DIR}/laid VERBATIM)
+  add_custom_target(stage ALL DEPENDS ${STAGE_DIR}/laid ${ARGN})
 endfunction()
 
 if(CMAKE_CROSSCOMPILING)

@@ -5,7 +5,7 @@ set -eEuo pipefail
 
 project=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 # Without HOME the tilde is the folder that the system knows for the user.
-export HOME=${HOME:-~}
+[ -n "${HOME:-}" ] || { unset HOME; export HOME=~; }
 cache=${XDG_CACHE_HOME:-$HOME/.cache}/module_camera
 export LC_ALL=C.UTF-8
 
@@ -24,14 +24,16 @@ lock() {
 }
 
 # Runs a command in a process group of its own; ends this script with the command's status unless that is 0. A TERM, INT or HUP
-# to this script ends the whole group and then this script; what the command leaves behind in its group ends with it.
+# to this script ends the whole group and then this script; what the command leaves behind in its group ends with it. What goes
+# on all the same is killed, after half the time that a group around it would have: that one can then still clean up.
 in_group() {
-  local status=0 signal="" group
+  local status=0 signal="" group tenths=$((300 >> ${MODULE_CAMERA_DEPTH:-0}))
   set -m
   # The terminal counts the group as a background one: what sets the terminal up must not be stopped for that.
   (
     set +m
     trap '' TTIN TTOU
+    export MODULE_CAMERA_DEPTH=$((${MODULE_CAMERA_DEPTH:-0} + 1))
     [ "$(type -t "$1")" != function ] || { "$@"; exit; }
     exec "$@"
   ) <&0 9>&- &
@@ -43,12 +45,12 @@ in_group() {
   while true; do
     status=0
     wait "$group" || status=$?
-    kill -0 "$group" 2>/dev/null || break
+    if [ -n "$signal" ] || ! kill -0 "$group" 2>/dev/null; then break; fi
   done
   # A second signal must not cut short what cleans up.
   trap : TERM HUP INT
   [ -n "$signal" ] || kill -TERM -- "-$group" 2>/dev/null || true
-  for _ in $(seq 200); do
+  for _ in $(seq "$tenths"); do
     kill -0 -- "-$group" 2>/dev/null || break
     sleep 0.1
   done
@@ -58,16 +60,19 @@ in_group() {
   [ "$status" = 0 ] || exit "$status"
 }
 
-# Starts a server in a process group of its own, which no Ctrl+C reaches; it ends at the latest when this script does.
+# Starts a server in a process group of its own, which no Ctrl+C reaches; it ends at the latest when this script does. Its number
+# is $server.
 start_server() {
   set -m
-  setpriv --pdeathsig TERM "$@" 9>&- &
+  setpriv --pdeathsig TERM "$@" 8>&- 9>&- &
+  # shellcheck disable=SC2034 # For the caller.
+  server=$!
   disown
   set +m
 }
 
-qt_version=$(dpkg-query -W -f='${source:Version}' qt6-base-dev 2>/dev/null || true)
-
+# The version of a package, nothing when it is not installed.
+installed_version() { dpkg-query -W -f='${source:Version}' "$1" 2>/dev/null || true; }
 # recipe FILE…: a short name for what the files say; their comments do not count.
 recipe() { sed '/^ *#/d' "$@" | sha256sum | cut -c1-12; }
 # cached NAME VERSION FILE…: the folder of something that is made once from a version by a recipe.
@@ -77,12 +82,12 @@ cached() { printf '%s/%s-%s-%s' "$cache" "$1" "${2//[^0-9A-Za-z.]/_}" "$(recipe 
 # the number before, as the archive does not hold the source of its 6.4.
 qt_svg_version=5.15.8-3
 qt_prefix() {
-  cached qt "$qt_version-svg-$qt_svg_version" "$project/cmake/qt_windows.cmake" "$project/cmake/mingw-w64-x86_64.cmake" \
+  cached qt "$(installed_version qt6-base-dev)-svg-$qt_svg_version" "$project/cmake/qt_windows.cmake" "$project/cmake/mingw-w64-x86_64.cmake" \
     "$project/cmake/qt_svg/CMakeLists.txt" "$project/cmake/qt_svg/qt6.sed"
 }
 
 # The Wine prefix that each run takes a copy of.
-wine_prefix() { cached wine prefix "$project/tools/make_wine_prefix"; }
+wine_prefix() { cached wine "$(installed_version wine64)" "$project/tools/make_wine_prefix"; }
 
 # The source of the barcode decoder, unpacked and edited.
 qzxing_version=3.3.0+dfsg-3

@@ -41,7 +41,7 @@ int main() {
   // What the camera module calls its component manager is always one of these.
   auto& manager = static_cast<CameraComponentManager&>(*module.getComponentManager());
   manager.refresh();
-  std::printf("%zu cameras\n", manager.getComponentCount());
+  std::printf("cameras: %zu\n", manager.getComponentCount());
   for (std::uint32_t i = 0; i < manager.getComponentCount(); ++i) printCamera(*manager.getComponent(i));
   ReleaseModuleInterfaceInstance();
   return 0;

@@ -60,8 +60,9 @@ bool isMediaFoundation(const QString& library) {
 
 }  // namespace
 
-void searchOwnAndSystemFolders() {
+void prepareProcess() {
   SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_DEFAULT_DIRS);
+  SetConsoleOutputCP(CP_UTF8);
 }
 
 QString loadFailure(const QString& file) {

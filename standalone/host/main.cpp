@@ -47,7 +47,7 @@ std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  searchOwnAndSystemFolders();
+  prepareProcess();
   defaultMessageHandler = qInstallMessageHandler(&dropRemarksOfWine);
   const std::unique_ptr<QCoreApplication> application = makeApplication(argc, argv);
   QTranslator translator;
