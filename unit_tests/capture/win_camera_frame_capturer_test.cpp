@@ -54,7 +54,7 @@ class WinCameraFrameCapturerTest : public testing::Test {
     capturer = makeCapturer();
   }
   ~WinCameraFrameCapturerTest() override {
-    capturer->stop();
+    static_cast<void>(capturer->stop());
     expectNothingLeft();
     capturer.reset();
     EXPECT_EQ(scriptedCapture().startUps, scriptedCapture().shutDowns);
@@ -152,7 +152,7 @@ TEST_F(WinCameraFrameCapturerTest, TheRowOrderFollowsTheStride) {
     FrameFormat format;
     EXPECT_EQ(capturer->getFrameFormat(format), 0);
     EXPECT_EQ(format.topDown, stride != -8);
-    capturer->stop();
+    EXPECT_EQ(capturer->stop(), CaptureNoFrameYet);
   }
 }
 
@@ -197,7 +197,7 @@ TEST_F(WinCameraFrameCapturerTest, ADeadCameraAnswersTheSameEveryTimeAndHoldsUpN
 
     scriptedCapture().failing.clear();
     EXPECT_EQ(second->start(), CaptureOk) << round;
-    second->stop();
+    EXPECT_EQ(second->stop(), CaptureNoFrameYet) << round;
     DWORD handles = 0;
     GetProcessHandleCount(GetCurrentProcess(), &handles);
     if (round <= 5) before = handles;
@@ -307,7 +307,7 @@ TEST_F(WinCameraFrameCapturerTest, AFrameThatMemoryCannotHoldEndsTheCapture) {
   push(Bytes(16, 2));
   arraysFail = false;
   EXPECT_EQ(frame().status, CaptureFailed);
-  capturer->stop();
+  EXPECT_EQ(capturer->stop(), CaptureFailed);
 
   startReading();
   push(Bytes(8, 3));

@@ -9,7 +9,6 @@ namespace {
 
 struct CaptureRun : public CameraTestFixture {
   CaptureRun() : CameraTestFixture(true) {}
-  void setTimeout(const std::string& seconds) { test->configure({{"ORCA", {{"ORCA_TEST_TIMEOUT", seconds}}}}, 0); }
 };
 
 }  // namespace

@@ -51,7 +51,7 @@ class DialogWrapperTest : public testing::Test {
   /// What test and host do: the one makes the wrapper, the other the dialog.
   std::shared_ptr<Wrapper> createFromWorkerThread() {
     const auto shared = std::make_shared<Wrapper>(QSize(32, 24), &context);
-    onUserInterfaceThread([&] { shared->CreateWidget(nullptr, &hostFilter); });
+    onUserInterfaceThread([&] { EXPECT_TRUE(shared->CreateWidget(nullptr, &hostFilter)); });
     return shared;
   }
   static QImage shown() { return open()->template findChild<QLabel*>(kView)->pixmap().toImage(); }
