@@ -182,6 +182,7 @@ INSTANTIATE_TEST_SUITE_P(Calls, FailedStart,
                                          StartFailure{{"SetStreamSelection 2"}, 115},
                                          StartFailure{{"GetCurrentMediaType"}, 115}, StartFailure{{"subtype"}, 115},
                                          StartFailure{{"frame size"}, 115}, StartFailure{{"frame rate"}, 115},
+                                         StartFailure{{"CreateWindow"}, 115},
                                          StartFailure{{"RegisterDeviceNotification"}, 115},
                                          // The watch is begun even so.
                                          StartFailure{{"MFCreateDeviceSource", "RegisterDeviceNotification"}, 115}));
