@@ -211,6 +211,7 @@ TEST_F(WinCameraFrameCapturerTest, StopLetsTheCallbackUnderWayFinishWithItsReade
   Gate gate;
   std::thread callback([&] { push(S_OK, 0, makeGatedSample(gate)); });
   gate.reached.acquire();
+  EXPECT_EQ(frame().status, CaptureTimedOut) << "a consumer does not wait behind the copy";
   std::thread stopper([&] { EXPECT_EQ(capturer->stop(), CaptureOk); });
   for (int wait = 0; wait < 5000 && !scriptedCapture().cleanUp().ends_with(" UnregisterClass"); ++wait) Sleep(1);
   Sleep(20);
