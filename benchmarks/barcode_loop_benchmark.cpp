@@ -121,7 +121,7 @@ void measureAll(const std::vector<View>& views) {
   std::printf("frame      content    loop    copy  ratio    mirroring  handing over  decoding  read\n");
   for (const auto& [content, frame] : views) {
     auto wrapper = std::make_shared<CameraBarcodeWidgetWrapper>(frame.size(), nullptr);
-    onUserInterface([&] { wrapper->CreateWidget(nullptr, nullptr); });
+    onUserInterface([&] { static_cast<void>(wrapper->CreateWidget(nullptr, nullptr)); });
     measure(content, frame, *wrapper);
     wrapper->Close();
     wrapper.reset();

@@ -37,7 +37,7 @@ class CameraFrameCapturer {
   /// frees with delete[]; otherwise it is untouched. The same frame may be returned again until the next one arrives.
   [[nodiscard]] virtual CaptureStatus getFrame(std::uint8_t*& buffer, std::uint32_t timeoutMs) = 0;
   /// Ends the capture and returns the status that was current; CaptureNotRunning when there is none.
-  virtual CaptureStatus stop() = 0;
+  [[nodiscard]] virtual CaptureStatus stop() = 0;
   /// 0, or 1 while not running; then `format` is untouched.
   [[nodiscard]] virtual int getFrameFormat(FrameFormat& format) = 0;
 };

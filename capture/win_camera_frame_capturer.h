@@ -28,7 +28,7 @@ class WinCameraFrameCapturer : public CameraFrameCapturer, public IMFSourceReade
 
   [[nodiscard]] CaptureStatus start() override;
   [[nodiscard]] CaptureStatus getFrame(std::uint8_t*& buffer, std::uint32_t timeoutMs) override;
-  CaptureStatus stop() override;
+  [[nodiscard]] CaptureStatus stop() override;
   [[nodiscard]] int getFrameFormat(FrameFormat& format) override;
 
   STDMETHODIMP QueryInterface(REFIID iid, void** object) override;

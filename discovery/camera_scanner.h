@@ -17,6 +17,6 @@ class CameraScanner {
   /// find no camera.
   virtual bool hasCameras() = 0;
   /// Forgets the cameras. Always returns 0.
-  virtual std::uint32_t clear() = 0;
+  [[nodiscard]] virtual std::uint32_t clear() = 0;
   virtual std::vector<CameraInfo> getCameras() = 0;
 };

@@ -63,7 +63,7 @@ CameraType typeFromPath(const std::string& path) {
 }  // namespace
 
 std::uint32_t WinCameraScanner::scan() {
-  clear();
+  static_cast<void>(clear());  // cannot fail
   const MediaSession session(MediaSession::Ending::kWhatStarted);
   if (!session.isStarted()) return 1;
 

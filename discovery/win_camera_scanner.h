@@ -14,7 +14,7 @@ class WinCameraScanner : public CameraScanner {
  public:
   [[nodiscard]] std::uint32_t scan() override;
   bool hasCameras() override;
-  std::uint32_t clear() override;
+  [[nodiscard]] std::uint32_t clear() override;
   std::vector<CameraInfo> getCameras() override;
 
  private:

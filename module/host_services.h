@@ -29,7 +29,7 @@ class StringHandler {
   virtual void unused14() = 0;
   virtual void unused15() = 0;
   /// Copies `length` characters of `text` and a terminating zero into `buffer` of `size` characters; zero on failure.
-  virtual int copyBounded(char* buffer, std::size_t size, const char* text, std::size_t length) = 0;
+  [[nodiscard]] virtual int copyBounded(char* buffer, std::size_t size, const char* text, std::size_t length) = 0;
   /// The length of `text`, at most `maximum`.
   virtual std::size_t boundedLength(const char* text, std::size_t maximum) = 0;
 };

@@ -49,7 +49,7 @@ class Test {
   /// Whether the test can run against this component; null is not applicable.
   virtual bool isApplicable(SystemComponent* component) = 0;
   /// Runs the test on the calling thread, which is a worker thread of the host.
-  virtual TestResult run(TestExecutionContext* context) = 0;
+  [[nodiscard]] virtual TestResult run(TestExecutionContext* context) = 0;
   virtual bool isImplemented() = 0;
 
   // The next six places, and the last one, are the host's hooks for other kinds of test: fixed answers.
@@ -61,7 +61,7 @@ class Test {
   virtual bool hostFlagAtPlace10() { return true; }
 
   /// Takes the host's settings. Throws what the standard conversions throw when a value is not a number.
-  virtual bool configure(TestSettings, std::uint64_t) { return true; }
+  [[nodiscard]] virtual bool configure(TestSettings, std::uint64_t) { return true; }
 
   virtual void hostHookAtPlace12() {}
 

@@ -16,7 +16,7 @@ class TestWithDeviceHint : public Test {
 
   bool isApplicable(SystemComponent* component) override { return inner.isApplicable(component); }
 
-  TestResult run(TestExecutionContext* context) override {
+  [[nodiscard]] TestResult run(TestExecutionContext* context) override {
     const TestResult result = inner.run(context);
     if (result == kTestFailed) {
       context->getMessageList()->add(hint, 0, 0);
@@ -32,7 +32,9 @@ class TestWithDeviceHint : public Test {
   HostWords hostWordsAtPlace8() override { return inner.hostWordsAtPlace8(); }
   bool hostFlagAtPlace9() override { return inner.hostFlagAtPlace9(); }
   bool hostFlagAtPlace10() override { return inner.hostFlagAtPlace10(); }
-  bool configure(TestSettings settings, std::uint64_t extra) override { return inner.configure(settings, extra); }
+  [[nodiscard]] bool configure(TestSettings settings, std::uint64_t extra) override {
+    return inner.configure(settings, extra);
+  }
   void hostHookAtPlace12() override { inner.hostHookAtPlace12(); }
 
   T inner;

@@ -3,6 +3,7 @@
 #include <regex>
 #include <string>
 
+#include "module/keys/family_constants.h"
 #include "ui/camera_barcode_widget_wrapper.h"
 
 namespace {
@@ -15,8 +16,7 @@ constexpr QZXing::TryHarderBehaviourType kRotateBehaviour = 2;
 
 constexpr qsizetype kLongestValue = 60;
 
-// One or more characters that a value must not hold.
-const std::regex kImplausibleCharacters("[^\\da-zA-Z]+");
+const std::regex kImplausibleCharacters(family_constants::kBarcodeCleanUp);
 
 }  // namespace
 

@@ -12,7 +12,7 @@ class CameraBarcodeTest : public CameraTest {
  public:
   explicit CameraBarcodeTest(const ItemId& itemId) : CameraTest(itemId) {}
 
-  TestResult run(TestExecutionContext* context) override;
+  [[nodiscard]] TestResult run(TestExecutionContext* context) override;
 
  private:
   [[nodiscard]] TestResult scan(CameraFrameCapturer& capturer, TestExecutionContext* context);

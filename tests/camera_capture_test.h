@@ -9,12 +9,12 @@ class CameraCaptureTest : public CameraTest {
  public:
   using CameraTest::CameraTest;
 
-  TestResult run(TestExecutionContext* context) override;
+  [[nodiscard]] TestResult run(TestExecutionContext* context) override;
   /// Reads how long the picture is shown, in seconds. Throws std::invalid_argument or std::out_of_range when the value
   /// is not a 32-bit number; the time-out then stays as it was.
-  bool configure(TestSettings settings, std::uint64_t extra) override;
+  [[nodiscard]] bool configure(TestSettings settings, std::uint64_t extra) override;
 
-  virtual TestResult askImageQuestion(TestExecutionContext* context);
+  [[nodiscard]] virtual TestResult askImageQuestion(TestExecutionContext* context);
 
  private:
   [[nodiscard]] bool isMessageConfirmed(TestExecutionContext* context);

@@ -57,7 +57,7 @@ class CameraTest : public Test {
   [[nodiscard]] static TestResult runDialog(const FrameFormat& format, TestExecutionContext* context, Loop loop);
 
   /// Reports the host's current event if it ends the test, and returns whether it does.
-  bool reportAbortEvent(TestExecutionContext* context);
+  [[nodiscard]] bool reportAbortEvent(TestExecutionContext* context);
   /// Whether an event or a cancellation of the host ends the test; reports it then.
   [[nodiscard]] bool isInterrupted(TestExecutionContext* context);
 

@@ -12,7 +12,7 @@ class AbstractWidgetWrapper {
 
   /// Creates and shows the dialog. The host calls it on its user-interface thread. `parent` is ignored: the dialogs are
   /// top-level windows. `eventFilter` is the host's and gets installed on the dialog.
-  virtual bool CreateWidget(QWidget* parent, QObject* eventFilter) = 0;
+  [[nodiscard]] virtual bool CreateWidget(QWidget* parent, QObject* eventFilter) = 0;
 
  protected:
   /// The running test's context. The host's; never null while a test runs.

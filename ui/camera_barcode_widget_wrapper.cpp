@@ -20,10 +20,12 @@ CameraBarcodeWidgetWrapper::CameraBarcodeWidgetWrapper(QSize size, TestExecution
     : DialogWrapper(size, executionContext) {}
 
 bool CameraBarcodeWidgetWrapper::CreateWidget(QWidget* parent, QObject* eventFilter) {
-  auto* const created = new CameraBarcodeDialog(parent, eventFilter);
+  // Owns itself once it is shown.
+  auto created = std::make_unique<CameraBarcodeDialog>(parent, eventFilter);
   adopt(*created);
   SendFrame(blackImage(frameSize));
   bringToFront(*created);
+  static_cast<void>(created.release());
   return true;
 }
 

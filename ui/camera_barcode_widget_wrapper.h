@@ -11,7 +11,7 @@ class CameraBarcodeWidgetWrapper : public DialogWrapper {
   CameraBarcodeWidgetWrapper(QSize size, TestExecutionContext* executionContext);
 
   /// Always true. The dialog gets no context and chooses its own size.
-  bool CreateWidget(QWidget* parent, QObject* eventFilter) override;
+  [[nodiscard]] bool CreateWidget(QWidget* parent, QObject* eventFilter) override;
 
   /// Queues a frame for the dialog; does nothing when there is no dialog or it has been answered.
   void SendFrame(const QImage& image);

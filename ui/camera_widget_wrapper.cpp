@@ -1,5 +1,7 @@
 #include "ui/camera_widget_wrapper.h"
 
+#include <memory>
+
 #include "ui/camera_dialog.h"
 #include "utils/platform/display_scale_table.h"
 
@@ -12,7 +14,8 @@ QSize CameraWidgetWrapper::displaySize() const {
 }
 
 bool CameraWidgetWrapper::CreateWidget(QWidget* parent, QObject* eventFilter) {
-  auto* const created = new CameraDialog(parent, eventFilter);
+  // Owns itself once it is shown.
+  auto created = std::make_unique<CameraDialog>(parent, eventFilter);
   const QSize size = displaySize();
   if (frameSize.width() != 0 && frameSize.height() != 0) {
     created->setMaximumSize(size);
@@ -22,6 +25,7 @@ bool CameraWidgetWrapper::CreateWidget(QWidget* parent, QObject* eventFilter) {
   adopt(*created);
   SendFrame(blackImage(displaySize()));
   bringToFront(*created);
+  static_cast<void>(created.release());
   return true;
 }
 

@@ -11,7 +11,7 @@ class CameraWidgetWrapper : public DialogWrapper {
   CameraWidgetWrapper(QSize size, TestExecutionContext* executionContext);
 
   /// Always true. The picture gets the frame size as the user's screen scales it.
-  bool CreateWidget(QWidget* parent, QObject* eventFilter) override;
+  [[nodiscard]] bool CreateWidget(QWidget* parent, QObject* eventFilter) override;
 
   /// Queues a frame for the dialog; does nothing when there is no dialog or it has been answered.
   void SendFrame(const QImage& image);

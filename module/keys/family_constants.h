@@ -1,7 +1,7 @@
 #pragma once
 
-// What all modules of the host's family share. This module uses its own code and the wide separator; the rest is
-// carried so that the family's texts stand in one place.
+// What all modules of the host's family share. This module uses its own code, the wide separator and the pattern of the
+// barcode test; the rest is carried for the family.
 
 namespace family_constants {
 
@@ -29,5 +29,7 @@ inline constexpr char kGigahertz[] = "Ghz";
 inline constexpr char kPathSeparator[] = "\\";
 inline constexpr wchar_t kWidePathSeparator[] = L"\\";
 inline constexpr char kLibrarySuffix[] = ".dll";
+/// A regular expression for the characters that the value of a barcode must not hold.
+inline constexpr char kBarcodeCleanUp[] = "[^\\da-zA-Z]+";
 
 }  // namespace family_constants

@@ -44,7 +44,8 @@ void UserInteraction::show(InputRequest& request, TestExecutionContext& context,
 
 void UserInteraction::showDialog(InputRequest& request, const QString& pictureName) {
   dialogPictureName = pictureName + QStringLiteral("-dialog");
-  request.widget->CreateWidget(nullptr, this);
+  // Whether there is a dialog is seen by its being shown.
+  static_cast<void>(request.widget->CreateWidget(nullptr, this));
   if (openDialog) {
     user.attendDialog(*openDialog, dialogPictureName);
   }

@@ -33,6 +33,16 @@ def wait_for_new_window(known, seconds=20):
     raise TimeoutError("no new window came up")
 
 
+def window_at(number, x, y, seconds=20):
+    """The window when it has come to this place; wherever it is, when it has not."""
+    end = time.monotonic() + seconds
+    while True:
+        window = Window(number)
+        if (window.x, window.y) == (x, y) or time.monotonic() > end:
+            return window
+        time.sleep(0.1)
+
+
 def press(key):
     _xdotool("key", key)
 
@@ -47,4 +57,3 @@ def drag(from_x, from_y, to_x, to_y):
         _xdotool("mousemove", str(from_x + (to_x - from_x) * step // 5), str(from_y + (to_y - from_y) * step // 5))
         time.sleep(0.05)
     _xdotool("mouseup", "1")
-    time.sleep(0.3)

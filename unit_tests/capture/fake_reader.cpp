@@ -139,9 +139,7 @@ HDEVNOTIFY WINAPI registerNotification(HANDLE window, void* filter, DWORD flags)
   const bool everyClass = wanted->dbcc_size == 32 && wanted->dbcc_devicetype == 5 && wanted->dbcc_reserved == 0 &&
                           wanted->dbcc_classguid == GUID{} && wanted->dbcc_name[0] == L'\0' && flags == 4;
   if (fails("RegisterDeviceNotification") || !window || !everyClass) return nullptr;
-  static const auto real =
-      systemFunction<decltype(RegisterDeviceNotificationW)>(L"user32", "RegisterDeviceNotificationW");
-  const HDEVNOTIFY notification = real(window, filter, flags);
+  const HDEVNOTIFY notification = SYSTEM_FUNCTION("user32", RegisterDeviceNotificationW)(window, filter, flags);
   if (notification) ++scriptedCapture().notifications;
   return notification;
 }
@@ -150,40 +148,40 @@ BOOL WINAPI unregisterNotification(HDEVNOTIFY notification) {
   scriptedCapture().note("UnregisterDeviceNotification");
   if (!notification) return FALSE;
   --scriptedCapture().notifications;
-  static const auto real =
-      systemFunction<decltype(UnregisterDeviceNotification)>(L"user32", "UnregisterDeviceNotification");
-  return real(notification);
+  return SYSTEM_FUNCTION("user32", UnregisterDeviceNotification)(notification);
+}
+
+template <class... Arguments>
+HWND WINAPI createWindow(Arguments... arguments) {
+  return fails("CreateWindow") ? nullptr : SYSTEM_FUNCTION("user32", CreateWindowExW)(arguments...);
 }
 
 BOOL WINAPI destroyWindow(HWND window) {
   scriptedCapture().note("DestroyWindow");
-  static const auto real = systemFunction<decltype(DestroyWindow)>(L"user32", "DestroyWindow");
-  return real(window);
+  return SYSTEM_FUNCTION("user32", DestroyWindow)(window);
 }
 
 LRESULT WINAPI sendMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_CLOSE) scriptedCapture().note("WM_CLOSE");
-  static const auto real = systemFunction<decltype(SendMessageW)>(L"user32", "SendMessageW");
-  return real(window, message, wParam, lParam);
+  return SYSTEM_FUNCTION("user32", SendMessageW)(window, message, wParam, lParam);
 }
 
 BOOL WINAPI unregisterClass(LPCWSTR name, HINSTANCE program) {
-  static const auto real = systemFunction<decltype(UnregisterClassW)>(L"user32", "UnregisterClassW");
-  const BOOL done = real(name, program);
+  const BOOL done = SYSTEM_FUNCTION("user32", UnregisterClassW)(name, program);
   scriptedCapture().note("UnregisterClass");
   return done;
 }
 
 void WINAPI uninitializeCom() {
   scriptedCapture().note("CoUninitialize");
-  static const auto real = systemFunction<decltype(CoUninitialize)>(L"ole32", "CoUninitialize");
-  real();
+  SYSTEM_FUNCTION("ole32", CoUninitialize)();
 }
 
 }  // namespace
 
 SUBSTITUTE_IMPORT(RegisterDeviceNotificationW, registerNotification);
 SUBSTITUTE_IMPORT(UnregisterDeviceNotification, unregisterNotification);
+SUBSTITUTE_IMPORT(CreateWindowExW, createWindow);
 SUBSTITUTE_IMPORT(DestroyWindow, destroyWindow);
 SUBSTITUTE_IMPORT(SendMessageW, sendMessage);
 SUBSTITUTE_IMPORT(UnregisterClassW, unregisterClass);

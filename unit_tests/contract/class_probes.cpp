@@ -15,6 +15,7 @@
 #include "module/product_version.h"
 #include "module/test_execution_context.h"
 #include "module/test_with_device_hint.h"
+#include "tests/camera_barcode_test.h"
 #include "tests/camera_capture_test.h"
 #include "ui/abstract_widget_wrapper.h"
 #include "ui/input_request.h"

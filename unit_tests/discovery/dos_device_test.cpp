@@ -4,6 +4,8 @@
 
 #include <QString>
 
+#include <algorithm>
+
 #include <gmock/gmock.h>
 
 #include "discovery/win_device_interface_scanner.h"
@@ -17,17 +19,19 @@ using testing::ElementsAre;
 std::wstring dosNames;
 HANDLE eventOfOperation = nullptr;
 
-DWORD WINAPI queryDosDevice(LPCWSTR, LPWSTR buffer, DWORD size) {
-  const bool fails = systemScript().fails("QueryDosDeviceW");
+DWORD WINAPI queryDosDevice(LPCWSTR device, LPWSTR buffer, DWORD size) {
+  const bool fails = device || systemScript().fails("QueryDosDeviceW");
   SetLastError(fails ? ERROR_ACCESS_DENIED : ERROR_INSUFFICIENT_BUFFER);
   if (fails || size < dosNames.size()) return 0;
   return static_cast<DWORD>(dosNames.copy(buffer, size));
 }
 
-HANDLE WINAPI createFile(LPCWSTR path, DWORD access, DWORD share, LPSECURITY_ATTRIBUTES, DWORD disposition, DWORD flags,
-                         HANDLE) {
+HANDLE WINAPI createFile(LPCWSTR path, DWORD access, DWORD share, LPSECURITY_ATTRIBUTES security, DWORD disposition,
+                         DWORD flags, HANDLE model) {
   if (systemScript().fails("CreateFileW")) return SetLastError(ERROR_SHARING_VIOLATION), INVALID_HANDLE_VALUE;
-  systemScript().note(QString::asprintf("%ls %lx %lx %lx %lx", path, access, share, disposition, flags).toStdString());
+  systemScript().note(
+      QString::asprintf("%ls %lx %lx %lx %lx %d", path, access, share, disposition, flags, security || model)
+          .toStdString());
   return CreateEventW(nullptr, TRUE, FALSE, nullptr);
 }
 
@@ -54,19 +58,18 @@ TEST_F(DosDeviceTest, PathsAreMadeOfTheNamesThatFitAndBeginWithThePrefix) {
   const std::wstring longest = L"COM" + std::wstring(258, L'x');
   // Its rest begins with the prefix, too.
   const std::wstring tooLong = longest + L"x" + L"COM4";
-  for (const std::wstring& name :
-       {std::wstring(L"COM1"), tooLong, longest, std::wstring(L"com2"), std::wstring(L"COM3")})
-    dosNames += name + L'\0';
-  dosNames += L'\0';
+  dosNames = L"COM1|" + tooLong + L"|" + longest + L"|com2|COM3||";
+  std::ranges::replace(dosNames, L'|', L'\0');
   std::vector<std::string> paths = {"kept"};
   EXPECT_EQ(scanner.getDosDevicePaths("COM", paths), 0u);
   EXPECT_THAT(paths, ElementsAre("kept", "\\\\?\\COM1", "\\\\?\\COM" + std::string(258, 'x'), "\\\\?\\COM3"));
   EXPECT_EQ(systemScript().calls("QueryDosDeviceW"), 3) << "the buffer is doubled from 261 characters on";
 
-  systemScript().failCall("QueryDosDeviceW", 4);
+  systemScript().failCall("QueryDosDeviceW");
   EXPECT_EQ(scanner.getDosDevicePaths("COM", paths), 1u);
   fakeHostServices().copyFails = true;
   EXPECT_EQ(scanner.getDosDevicePaths("COM", paths), 1u);
+  EXPECT_THAT(paths, testing::SizeIs(4)) << "left alone on failure";
 }
 
 TEST_F(DosDeviceTest, VolumesAreOpenedForOverlappedUseAndWaitedFor) {
@@ -77,17 +80,18 @@ TEST_F(DosDeviceTest, VolumesAreOpenedForOverlappedUseAndWaitedFor) {
   DWORD flags = 0;
   EXPECT_FALSE(GetHandleInformation(eventOfOperation, &flags)) << "the event is closed";
   EXPECT_THAT(systemScript().log(),
-              ElementsAre("CreateFileW", "\\\\.\\C: c0000000 3 3 40000000", "90018", "DeviceIoControl",
+              ElementsAre("CreateFileW", "\\\\.\\C: c0000000 3 3 40000000 0", "90018", "DeviceIoControl",
                           "GetOverlappedResult", "9001c", "DeviceIoControl", "GetOverlappedResult"));
 
-  systemScript().failCall("DeviceIoControl", 3);
+  systemScript().failCall("DeviceIoControl");
   EXPECT_EQ(scanner.lockVolume(handle), 1u);
-  systemScript().failCall("GetOverlappedResult", 3);
+  systemScript().failCall("GetOverlappedResult");
   EXPECT_EQ(scanner.unlockVolume(handle), 1u);
   EXPECT_EQ(scanner.closeDevice(handle), 0u);
   EXPECT_EQ(scanner.closeDevice(handle), 1u);
-  systemScript().failCall("CreateFileW", 2);
+  systemScript().failCall("CreateFileW");
   EXPECT_EQ(scanner.openDevice("\\\\.\\C:", &handle), static_cast<std::uint32_t>(ERROR_SHARING_VIOLATION));
+  EXPECT_EQ(handle, INVALID_HANDLE_VALUE);
 }
 
 }  // namespace

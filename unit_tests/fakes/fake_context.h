@@ -79,6 +79,7 @@ class FakeCapturer : public CameraFrameCapturer {
 
   CaptureStatus start() override {
     told.push_back(message("(started)"));
+    if (onCall) onCall();
     return startStatus;
   }
   CaptureStatus getFrame(std::uint8_t*& buffer, std::uint32_t timeoutMs) override {
@@ -93,9 +94,11 @@ class FakeCapturer : public CameraFrameCapturer {
   }
   CaptureStatus stop() override {
     told.push_back(message("(stopped)"));
+    if (onCall) onCall();
     return CaptureOk;
   }
   int getFrameFormat(FrameFormat& format) override {
+    if (onCall) onCall();
     if (!hasFormat) return 1;
     format = {static_cast<std::uint32_t>(frame.width()), static_cast<std::uint32_t>(frame.height()), true};
     return 0;
@@ -105,6 +108,8 @@ class FakeCapturer : public CameraFrameCapturer {
   bool hasFormat = true;
   QImage frame{4, 2, QImage::Format_RGB32};
   int framesTaken = 0;
+  /// Called by every operation but `getFrame`, after it is on record.
+  std::function<void()> onCall;
   /// Called for every frame that is asked for; a status other than CaptureOk is what the wait ends with.
   std::function<CaptureStatus()> onFrame;
 

@@ -10,7 +10,6 @@
 #ifdef _WIN32
 #include <windows.h>
 
-#include <bit>
 #include <string_view>
 
 #include "unit_tests/fakes/substitute_import.h"
@@ -36,7 +35,7 @@ namespace {
 
 template <class Function>
 Function realFunction(const char* library, const char* name) {
-  return std::bit_cast<Function>(QLibrary::resolve(QLatin1String(library), name));
+  return reinterpret_cast<Function>(QLibrary::resolve(QLatin1String(library), name));
 }
 
 BOOL WINAPI systemParameters(UINT action, UINT size, void* value, UINT flags) {
@@ -87,8 +86,9 @@ HRESULT WINAPI setAwareness(int awareness) {
 }
 
 FARPROC WINAPI procedure(HMODULE library, const char* name) {
-  if (std::string_view(name) == "GetDpiForMonitor") return std::bit_cast<FARPROC>(&monitorDpi);
-  if (std::string_view(name) == "SetProcessDpiAwareness") return std::bit_cast<FARPROC>(&setAwareness);
+  const std::string_view wanted(name);
+  if (wanted == "GetDpiForMonitor") return reinterpret_cast<FARPROC>(reinterpret_cast<void*>(&monitorDpi));
+  if (wanted == "SetProcessDpiAwareness") return reinterpret_cast<FARPROC>(reinterpret_cast<void*>(&setAwareness));
   return realFunction<decltype(&GetProcAddress)>("kernel32", "GetProcAddress")(library, name);
 }
 

@@ -73,8 +73,7 @@ void WINAPI freeTaskMemory(LPVOID block) {
     systemScript().note(freed.mapped() + " freed");
     systemScript().release(freed.mapped());
   }
-  static const auto real = systemFunction<decltype(CoTaskMemFree)>(L"ole32", "CoTaskMemFree");
-  real(block);
+  SYSTEM_FUNCTION("ole32", CoTaskMemFree)(block);
 }
 
 }  // namespace
@@ -97,9 +96,8 @@ HRESULT WINAPI MFShutdown() {
 }
 
 HRESULT WINAPI MFCreateAttributes(IMFAttributes** attributes, UINT32 size) {
-  static const auto real = systemFunction<decltype(MFCreateAttributes)>(L"mfplat", "MFCreateAttributes");
   // The scanner asks for one place; a fake asks for more, for the store that it is made of.
-  if (size != 1) return real(attributes, size);
+  if (size != 1) return SYSTEM_FUNCTION("mfplat", MFCreateAttributes)(attributes, size);
   if (systemScript().fails("MFCreateAttributes")) return E_OUTOFMEMORY;
   *attributes = ComPtr<IMFAttributes>(new FakeAttributes).Detach();
   return S_OK;

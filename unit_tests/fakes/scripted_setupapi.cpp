@@ -129,9 +129,9 @@ BOOL WINAPI getDeviceInterfaceDetail(HDEVINFO set, PSP_DEVICE_INTERFACE_DATA dat
   const ScriptedInterface& entry = interfaceOf(*data);
   if (detail && detail->cbSize != 8) return failWith(ERROR_INVALID_USER_BUFFER);
   const std::size_t bytes = (entry.path.size() + 1) * sizeof(wchar_t);
-  constexpr std::size_t Header = offsetof(SP_DEVICE_INTERFACE_DETAIL_DATA_W, DevicePath);
-  if (required) *required = static_cast<DWORD>(bytes + Header);
-  if (size < bytes + Header) return failWith(ERROR_INSUFFICIENT_BUFFER);
+  constexpr std::size_t kHeader = offsetof(SP_DEVICE_INTERFACE_DETAIL_DATA_W, DevicePath);
+  if (required) *required = static_cast<DWORD>(bytes + kHeader);
+  if (size < bytes + kHeader) return failWith(ERROR_INSUFFICIENT_BUFFER);
   std::memcpy(detail->DevicePath, entry.path.c_str(), bytes);
   return TRUE;
 }

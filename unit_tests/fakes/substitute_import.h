@@ -6,7 +6,5 @@
 #define SUBSTITUTE_IMPORT(function, replacement) decltype(&function) __imp_##function = replacement
 
 /// The system's own function behind one that is replaced.
-template <class Function>
-Function* systemFunction(const wchar_t* library, const char* name) {
-  return reinterpret_cast<Function*>(reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(library), name)));
-}
+#define SYSTEM_FUNCTION(library, function) \
+  reinterpret_cast<decltype(&function)>(reinterpret_cast<void*>(GetProcAddress(GetModuleHandleA(library), #function)))

@@ -16,9 +16,9 @@ std::atomic<int> arrays{0};
 
 int WINAPI toMultiByte(UINT codePage, DWORD flags, LPCWCH text, int length, LPSTR buffer, int size, LPCCH replacement,
                        LPBOOL replaced) {
-  static const auto real = systemFunction<decltype(WideCharToMultiByte)>(L"kernel32", "WideCharToMultiByte");
   if (systemScript().fails("WideCharToMultiByte")) return 0;
-  return real(codePage, flags, text, length, buffer, size, replacement, replaced);
+  return SYSTEM_FUNCTION("kernel32", WideCharToMultiByte)(codePage, flags, text, length, buffer, size, replacement,
+                                                          replaced);
 }
 
 }  // namespace

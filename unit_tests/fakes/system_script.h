@@ -11,9 +11,9 @@
 /// exit.
 class SystemScript {
  public:
-  /// The `nth` call of this function fails, counted from 1.
-  void failCall(const std::string& function, int nth = 1) { failing[function] = nth; }
-  void failEveryCall(const std::string& function) { failCall(function, 0); }
+  /// The `nth` call of this function from now on fails, counted from 1.
+  void failCall(const std::string& function, int nth = 1) { failing[function] = calls(function) + nth; }
+  void failEveryCall(const std::string& function) { failing[function] = 0; }
   /// The `nth` of all calls that can fail does.
   void failAnyCall(int nth) { failingCall = nth; }
 

@@ -1,5 +1,7 @@
 #include "tests/camera_capture_test.h"
 
+#include <QLabel>
+
 #include <stdexcept>
 #include <tuple>
 
@@ -9,7 +11,6 @@ namespace {
 
 struct CaptureRun : public CameraTestFixture {
   CaptureRun() : CameraTestFixture(true) {}
-  void setTimeout(const std::string& seconds) { test->configure({{"ORCA", {{"ORCA_TEST_TIMEOUT", seconds}}}}, 0); }
 };
 
 }  // namespace
@@ -72,6 +73,8 @@ TEST_F(CaptureRun, AnEventOrACancellationDuringTheQuestionOverridesTheAnswer) {
 
 TEST_F(CaptureRun, ClosingTheDialogLeadsToTheQuestion) {
   afterFrame([&] {
+    const QImage shown = openDialog()->findChild<QLabel*>("camera_capture_test_lb_image_view")->pixmap().toImage();
+    EXPECT_EQ(shown.pixelColor(0, 0), QColor(Qt::blue));
     if (capturer.framesTaken == 4) openDialog()->close();
   });
   questionAnswer = InputRequest::kNo;
@@ -82,15 +85,15 @@ TEST_F(CaptureRun, ClosingTheDialogLeadsToTheQuestion) {
 }
 
 TEST_F(CaptureRun, SettingsSayHowLongThePictureIsShown) {
-  // Each frame takes the 30 ms of its pause: 20 s are over with the 667th.
+  // Each frame takes the 30 ms of its pause: 20 s are over with the 667th, 3 s with the 101st.
   const std::pair<TestSettings, int> settings[] = {
       {{}, 667},
       {{{"ORCA", {{"ORCA_POPUP_TIMEOUT", "1"}}}}, 667},
       {{{"OTHER", {{"ORCA_TEST_TIMEOUT", "1"}}}}, 667},
-      {{{"ORCA", {{"ORCA_TEST_TIMEOUT", " +1 second"}}}}, 34},
+      {{{"ORCA", {{"ORCA_TEST_TIMEOUT", " +3 seconds"}}}}, 101},
       {{{"ORCA", {{"ORCA_TEST_TIMEOUT", "9"}, {"ORCA_TEST_TIMEOUT_CAMERA_CAPTURE_TEST", "0"}}}}, 1}};
   for (const auto& [map, frames] : settings) {
-    setTimeout("3");  // an earlier setting, which a later one replaces
+    setTimeout("1");  // an earlier setting, which a later one replaces
     EXPECT_TRUE(test->configure(map, 0));
     capturer.framesTaken = 0;
     EXPECT_EQ(run(), kTestPassed);

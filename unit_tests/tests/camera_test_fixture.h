@@ -7,6 +7,7 @@
 #include <functional>
 #include <initializer_list>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -40,6 +41,9 @@ class CameraTestFixture : public testing::Test {
     for (QWidget* widget : QApplication::topLevelWidgets()) delete widget;
   }
 
+  void setTimeout(const std::string& seconds) {
+    EXPECT_TRUE(test->configure({{"ORCA", {{"ORCA_TEST_TIMEOUT", seconds}}}}, 0));
+  }
   TestResult run() {
     context.told.clear();
     return test->run(&context);
@@ -82,7 +86,7 @@ class CameraTestFixture : public testing::Test {
         request.answer = questionAnswer;
         break;
       default:
-        request.widget->CreateWidget(nullptr, &eventFilter);
+        EXPECT_TRUE(request.widget->CreateWidget(nullptr, &eventFilter));
     }
   }
 
