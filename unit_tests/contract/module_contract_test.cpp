@@ -303,8 +303,8 @@ TEST_F(ModuleContract, AFailedStartLeavesEveryCameraReadyForTheNextStart) {
     SCOPED_TRACE(round);
     for (std::uint32_t index : {0, 0, 1}) EXPECT_EQ(call<std::uint32_t>(capturer(index), 2), 114u) << index;
     EXPECT_EQ(call<std::uint32_t>(capturer(2), 2), 0u);
-    // Stopped before its first frame, Wine's reader is now and then ended by a thread of its own queue, which then waits
-    // for itself, and every later start with it.
+    // Stopped before its first frame, Wine's reader is now and then ended by a thread of its own queue, which then
+    // waits for itself, and every later start with it.
     std::uint8_t* frame = nullptr;
     ASSERT_EQ(call<std::uint32_t>(capturer(2), 3, &frame, 5000u), 0u);
     delete[] frame;
