@@ -24,7 +24,8 @@ lock() {
 }
 
 # Runs a command in a process group of its own; ends this script with the command's status unless that is 0. A TERM, INT or HUP
-# to this script ends the whole group and then this script; what the command leaves behind in its group ends with it. What goes
+# to this script ends the whole group and then this script; what the command leaves behind in its group ends with it. A KILL
+# to this script is a TERM to the command. What goes
 # on all the same is killed, after half the time that a group around it would have: that one can then still clean up.
 in_group() {
   local status=0 signal="" group tenths=$((300 >> ${MODULE_CAMERA_DEPTH:-0}))
@@ -35,7 +36,7 @@ in_group() {
     trap '' TTIN TTOU
     export MODULE_CAMERA_DEPTH=$((${MODULE_CAMERA_DEPTH:-0} + 1))
     [ "$(type -t "$1")" != function ] || { "$@"; exit; }
-    exec "$@"
+    exec setpriv --pdeathsig TERM "$@"
   ) <&0 9>&- &
   group=$!
   set +m
