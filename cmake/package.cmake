@@ -81,7 +81,7 @@ install(FILES ${PROJECT_SOURCE_DIR}/examples/minimal_host/CMakeLists.txt ${PROJE
 set(CPACK_PACKAGE_FILE_NAME module_camera-${PROJECT_VERSION}-windows-x64)
 set(CPACK_PACKAGE_DIRECTORY ${CMAKE_BINARY_DIR}/package)
 set(CPACK_COMPONENTS_ALL runtime sdk)
-# CPack's own zips hold file times and take the order of the folder.
+# CPack's own zips hold the times at which files were read.
 set(CPACK_GENERATOR External)
 set(CPACK_EXTERNAL_ENABLE_STAGING ON)
 set(CPACK_EXTERNAL_PACKAGE_SCRIPT ${package_files}/write_zips.cmake)

@@ -16,7 +16,6 @@ function(write_zip folder suffix)
   set(name ${CPACK_PACKAGE_FILE_NAME}${suffix})
   file(RENAME ${folder} ${CPACK_TEMPORARY_DIRECTORY}/${name})
   set(zip ${CPACK_TEMPORARY_DIRECTORY}/${name}.zip)
-  # CMake's own zips hold the time at which a file was last read.
   execute_process(COMMAND ${CPACK_PYTHON} ${CPACK_SOURCE_ROOT}/cmake/package/write_zip.py
                           ${zip} ${CPACK_TEMPORARY_DIRECTORY}/${name} ${time}
                   COMMAND_ERROR_IS_FATAL ANY)
