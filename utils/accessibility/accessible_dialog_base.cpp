@@ -5,9 +5,11 @@
 #include <QTimer>
 
 #include <chrono>
+#include <memory>
 
 #include "module/style_manager.h"
 #include "utils/accessibility/high_contrast_style.h"
+#include "utils/accessibility/recolored_icons.h"
 #include "utils/event_filters/high_contrast_event_filter.h"
 
 namespace vexa::utils::accessibility {
@@ -23,7 +25,7 @@ AccessibleDialogBase::AccessibleDialogBase(QWidget* parent)
   setAttribute(Qt::WA_TranslucentBackground);
   setStyleSheet(style_manager::StyleManager::instance().Stylesheet());
   normalStyleSheet = styleSheet();
-  if (highContrastFilter->IsHighContrastOn()) applyHighContrastStyle();
+  if (highContrastFilter->IsHighContrastOn()) applyHighContrast();
 }
 
 // The filter takes itself off the application when it goes.
@@ -33,9 +35,12 @@ AccessibleDialogBase::~AccessibleDialogBase() {
 
 void AccessibleDialogBase::OnThemeChanged() {
   QTimer::singleShot(std::chrono::milliseconds(100), this, [this] {
+    // Needed as long as the style that names them.
+    const std::unique_ptr<QObject> formerIcons(findChild<RecoloredIcons*>());
     if (highContrastFilter->IsHighContrastOn()) {
-      applyHighContrastStyle();
+      applyHighContrast();
     } else {
+      setPalette({});
       setStyleSheet(normalStyleSheet);
     }
   });
@@ -46,9 +51,10 @@ QAccessibleInterface* AccessibleDialogBase::accessibleInterface() {
   return shared;
 }
 
-void AccessibleDialogBase::applyHighContrastStyle() {
+void AccessibleDialogBase::applyHighContrast() {
   systemColors = highContrastFilter->ReadSystemColors();
-  setStyleSheet(highContrastStyleSheet(systemColors));
+  setPalette(highContrastPalette(systemColors));
+  setStyleSheet(highContrastStyleSheet(normalStyleSheet, systemColors, *new RecoloredIcons(this)));
 }
 
 }  // namespace vexa::utils::accessibility

@@ -32,7 +32,7 @@ class AccessibleDialogBase : public QDialog {
   void OnThemeChanged();
 
  private:
-  void applyHighContrastStyle();
+  void applyHighContrast();
 
   /// Owned, and at the same time a child of this dialog.
   event_filters::HighContrastEventFilter* highContrastFilter;
