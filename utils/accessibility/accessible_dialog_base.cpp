@@ -25,7 +25,7 @@ AccessibleDialogBase::AccessibleDialogBase(QWidget* parent)
   setAttribute(Qt::WA_TranslucentBackground);
   setStyleSheet(style_manager::StyleManager::instance().Stylesheet());
   normalStyleSheet = styleSheet();
-  if (highContrastFilter->IsHighContrastOn()) applyHighContrast();
+  if (highContrastFilter->IsHighContrastOn()) applyStyle();
 }
 
 // The filter takes itself off the application when it goes.
@@ -34,16 +34,7 @@ AccessibleDialogBase::~AccessibleDialogBase() {
 }
 
 void AccessibleDialogBase::OnThemeChanged() {
-  QTimer::singleShot(std::chrono::milliseconds(100), this, [this] {
-    // Needed as long as the style that names them.
-    const std::unique_ptr<QObject> formerIcons(findChild<RecoloredIcons*>());
-    if (highContrastFilter->IsHighContrastOn()) {
-      applyHighContrast();
-    } else {
-      setPalette({});
-      setStyleSheet(normalStyleSheet);
-    }
-  });
+  QTimer::singleShot(std::chrono::milliseconds(100), this, [this] { applyStyle(); });
 }
 
 QAccessibleInterface* AccessibleDialogBase::accessibleInterface() {
@@ -51,10 +42,15 @@ QAccessibleInterface* AccessibleDialogBase::accessibleInterface() {
   return shared;
 }
 
-void AccessibleDialogBase::applyHighContrast() {
-  systemColors = highContrastFilter->ReadSystemColors();
-  setPalette(highContrastPalette(systemColors));
-  setStyleSheet(highContrastStyleSheet(normalStyleSheet, systemColors, *new RecoloredIcons(this)));
+void AccessibleDialogBase::applyStyle() {
+  // Needed as long as the style that names them.
+  const std::unique_ptr<QObject> formerIcons(findChild<RecoloredIcons*>());
+  if (highContrastFilter->IsHighContrastOn()) {
+    systemColors = highContrastFilter->ReadSystemColors();
+    setStyleSheet(highContrastStyleSheet(normalStyleSheet, systemColors, *new RecoloredIcons(this)));
+  } else {
+    setStyleSheet(normalStyleSheet);
+  }
 }
 
 }  // namespace vexa::utils::accessibility

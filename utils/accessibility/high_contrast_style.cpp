@@ -15,8 +15,8 @@ namespace vexa::utils::accessibility {
 namespace {
 
 /// GetSysColor's numbers of the colours that Windows' contrast themes set. Only a background and the text that belongs
-/// to it are sure to differ: Window and WindowText, ButtonFace and ButtonText, Highlight and HighlightText; HotLight is
-/// for links on Window, GrayText for what is disabled.
+/// to it are sure to differ: Window and WindowText, ButtonFace and ButtonText, Highlight and HighlightText; GrayText is
+/// for what is disabled. All are below 25, where number and position are the same.
 enum class SystemColor : int {
   kWindow = 5,
   kWindowText = 8,
@@ -25,15 +25,12 @@ enum class SystemColor : int {
   kButtonFace = 15,
   kGrayText = 17,
   kButtonText = 18,
-  kHotLight = 26,
 };
 
 using enum SystemColor;
 
 QColor colorOf(const QList<QColor>& systemColors, SystemColor color) {
-  const int number = static_cast<int>(color);
-  // Windows defines no colour 25.
-  return systemColors.value(number > 25 ? number - 1 : number);
+  return systemColors.value(static_cast<int>(color));
 }
 
 struct Property {
@@ -197,13 +194,6 @@ QString highContrastStyleSheet(const QString& hostSheet, const QList<QColor>& sy
     if (!writer.hasIcon(QLatin1String(step.selector))) writer.addColors({&step, 1});
   }
   return writer.sheet();
-}
-
-QPalette highContrastPalette(const QList<QColor>& systemColors) {
-  QPalette palette;
-  palette.setColor(QPalette::Link, colorOf(systemColors, kHotLight));
-  palette.setColor(QPalette::LinkVisited, colorOf(systemColors, kHotLight));
-  return palette;
 }
 
 }  // namespace vexa::utils::accessibility

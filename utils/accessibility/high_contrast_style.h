@@ -2,7 +2,6 @@
 
 #include <QColor>
 #include <QList>
-#include <QPalette>
 #include <QString>
 
 namespace vexa::utils::accessibility {
@@ -15,8 +14,5 @@ class RecoloredIcons;
 /// one that cannot be had is left out, and steps that are left without an icon are told apart by their borders.
 [[nodiscard]] QString highContrastStyleSheet(const QString& hostSheet, const QList<QColor>& systemColors,
                                              RecoloredIcons& icons);
-
-/// What a style sheet cannot say: the colours of links.
-[[nodiscard]] QPalette highContrastPalette(const QList<QColor>& systemColors);
 
 }  // namespace vexa::utils::accessibility

@@ -1,0 +1,195 @@
+// What the dialogs look like under Windows' contrast themes, measured from what is drawn. With
+// MODULE_CAMERA_PICTURES=<file> it also draws them all on one sheet, with MODULE_CAMERA_RATIOS=1 it prints what it
+// measured.
+
+#include <QDir>
+#include <QLabel>
+#include <QPainter>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <map>
+#include <ostream>
+#include <set>
+#include <string>
+
+#include "unit_tests/ui/contrast_themes.h"
+#include "unit_tests/ui/dialog_helpers.h"
+
+void PrintTo(const Theme& theme, std::ostream* stream) {
+  *stream << theme.name;
+}
+
+namespace {
+
+/// WCAG 2's relative luminance.
+double luminance(QRgb color) {
+  const auto linear = [](int part) {
+    const double share = part / 255.0;
+    return share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * linear(qRed(color)) + 0.7152 * linear(qGreen(color)) + 0.0722 * linear(qBlue(color));
+}
+
+/// WCAG 2's contrast ratio.
+double contrast(QRgb one, QRgb other) {
+  const auto [dark, light] = std::minmax({luminance(one), luminance(other)});
+  return (light + 0.05) / (dark + 0.05);
+}
+
+constexpr double kText = 7;
+constexpr double kIcon = 3;
+
+std::string text(QRgb color) {
+  return QColor(color).name().toStdString();
+}
+
+struct Measured {
+  /// The most frequent colour.
+  QRgb background;
+  /// The one that differs most from it.
+  QRgb foreground;
+};
+
+Measured measure(const QImage& picture) {
+  std::map<QRgb, int> pixels;
+  for (int y = 0; y < picture.height(); ++y) {
+    for (int x = 0; x < picture.width(); ++x) ++pixels[picture.pixel(x, y) & RGB_MASK];
+  }
+  const auto fewer = [](const auto& a, const auto& b) { return a.second < b.second; };
+  const QRgb background = std::max_element(pixels.begin(), pixels.end(), fewer)->first;
+  const auto weaker = [&](const auto& a, const auto& b) {
+    return contrast(background, a.first) < contrast(background, b.first);
+  };
+  return {background, std::max_element(pixels.begin(), pixels.end(), weaker)->first};
+}
+
+int differingPixels(const QImage& one, const QImage& other) {
+  const QSize common = one.size().boundedTo(other.size());
+  int count = 0;
+  for (int y = 0; y < common.height(); ++y) {
+    for (int x = 0; x < common.width(); ++x) count += contrast(one.pixel(x, y), other.pixel(x, y)) >= kIcon;
+  }
+  return count;
+}
+
+class LookTest : public testing::TestWithParam<Theme> {
+ protected:
+  void SetUp() override {
+    setTheme(GetParam());
+    fakePlatform().programData = folder.path();
+  }
+
+  template <class Dialog>
+  std::unique_ptr<Dialog> open() {
+    auto dialog = std::make_unique<Dialog>(nullptr, &hostFilter);
+    QImage frame(640, 480, QImage::Format_RGB32);
+    frame.fill(Qt::darkGray);
+    dialog->LoadFrame(frame);
+    dialog->show();
+    QApplication::setActiveWindow(dialog.get());
+    QTest::qWait(20);
+    return dialog;
+  }
+
+  /// Whether what is drawn in a widget, without its border, is a background and what belongs to it, and differs enough.
+  void expectPair(QWidget& dialog, const char* name, QRgb background, QRgb foreground, double required) {
+    auto* const widget = dialog.findChild<QWidget*>(QLatin1String(name));
+    ASSERT_TRUE(widget && widget->isVisible()) << name;
+    const QRect inside(widget->mapTo(&dialog, QPoint(5, 3)), widget->size() - QSize(10, 6));
+    const auto [back, fore] = measure(dialog.grab(inside).toImage());
+    // An icon may fill more than half of its place.
+    const std::set<std::string> seen = {text(back), text(fore)};
+    EXPECT_EQ(seen, std::set({text(background), text(foreground)})) << name;
+    const double ratio = contrast(back, fore);
+    // No theme's own pair can be made better.
+    EXPECT_GE(ratio, std::min(required, contrast(background, foreground))) << name;
+    if (std::getenv("MODULE_CAMERA_RATIOS")) {
+      std::printf("%7.4f  %-8s %s on %s  %s\n", ratio, GetParam().name, text(fore).c_str(), text(back).c_str(), name);
+    }
+  }
+
+  QTemporaryDir folder;
+  QObject hostFilter;
+};
+
+TEST_P(LookTest, TextAndIconsStandOnWhatBelongsToThem) {
+  const Theme& theme = GetParam();
+  const auto capture = open<CameraDialog>();
+  const auto barcode = open<CameraBarcodeDialog>();
+  expectPair(*capture, "camera_capture_test_header_label", theme.window, theme.windowText, kText);
+  expectPair(*capture, "camera_capture_test_header_icon", theme.window, theme.windowText, kIcon);
+  expectPair(*barcode, "camera_barcode_test_step_one_current", theme.windowText, theme.window, kIcon);
+  expectPair(*barcode, "camera_barcode_test_step_two_waiting", theme.window, theme.windowText, kIcon);
+  barcode->ShowRetry();
+  QTest::qWait(20);
+  for (const char* const label :
+       {"header_label", "information_message", "warning_message", "warning_message_small", "fail_text_label"}) {
+    expectPair(*barcode, ("camera_barcode_test_" + std::string(label)).c_str(), theme.window, theme.windowText, kText);
+  }
+  for (const char* const icon : {"header_icon", "warning_message_icon"}) {
+    expectPair(*barcode, ("camera_barcode_test_" + std::string(icon)).c_str(), theme.window, theme.windowText, kIcon);
+  }
+}
+
+TEST_P(LookTest, ButtonsShowTheirStatesInPairsOfTheirOwn) {
+  const Theme& theme = GetParam();
+  const auto dialog = open<CameraBarcodeDialog>();
+  for (const auto& [name, required] :
+       {std::pair("camera_barcode_test_button_fail", kText), std::pair("camera_barcode_test_header_close", kIcon)}) {
+    auto& button = *dialog->findChild<QPushButton*>(QLatin1String(name));
+    button.setFocus();
+    expectPair(*dialog, name, theme.highlight, theme.highlightText, required);
+    button.clearFocus();
+    expectPair(*dialog, name, theme.buttonFace, theme.buttonText, required);
+    button.setAttribute(Qt::WA_UnderMouse);
+    const QPointF middle(button.rect().center());
+    QMouseEvent move(QEvent::MouseMove, middle, button.mapToGlobal(middle), Qt::NoButton, {}, {});
+    QApplication::sendEvent(&button, &move);
+    expectPair(*dialog, name, theme.highlight, theme.highlightText, required);
+    button.setEnabled(false);
+    expectPair(*dialog, name, theme.buttonFace, theme.grayText, kIcon);
+  }
+}
+
+TEST_P(LookTest, StepsDifferInShapeWithAndWithoutTheirIcons) {
+  for (const QString& programData : {folder.path(), QString()}) {
+    fakePlatform().programData = programData;
+    const auto dialog = open<CameraBarcodeDialog>();
+    std::vector<QImage> shapes;
+    const auto take = [&](const char* name) {
+      auto* const step = dialog->findChild<QWidget*>(QLatin1String("camera_barcode_test_step_") + QLatin1String(name));
+      shapes.push_back(dialog->grab({step->mapTo(dialog.get(), QPoint()), step->size()}).toImage());
+    };
+    take("one_current");
+    take("two_waiting");
+    dialog->ShowRetry();
+    QTest::qWait(20);
+    take("one_warning");
+    // Both are in the two colours of windows: what differs is the shape.
+    EXPECT_GT(differingPixels(shapes[0], shapes[1]), 40) << programData.toStdString();
+    EXPECT_GT(differingPixels(shapes[0], shapes[2]), 40);
+    EXPECT_GT(differingPixels(shapes[1], shapes[2]), 40);
+  }
+}
+
+TEST_P(LookTest, OnlyColorsThatAThemeSetsAreUsed) {
+  const QString sheet = open<CameraBarcodeDialog>()->styleSheet();
+  std::set<QString> allowed;
+  for (const QColor& color : fakePlatform().theme) allowed.insert(color.name());
+  static const QRegularExpression kColor(QStringLiteral("#[0-9a-f]{6}\\b"));
+  int found = 0;
+  for (auto match = kColor.globalMatch(sheet); match.hasNext(); ++found) {
+    const QString color = match.next().captured();
+    EXPECT_TRUE(allowed.contains(color)) << color.toStdString();
+  }
+  EXPECT_GT(found, 10);
+}
+
+INSTANTIATE_TEST_SUITE_P(Themes, LookTest, testing::ValuesIn(kThemes),
+                         [](const auto& theme) { return theme.param.name; });
+
+}  // namespace
