@@ -1,8 +1,10 @@
 #include "unit_tests/fakes/fake_platform.h"
 
 #include <QAbstractEventDispatcher>
+#include <QApplication>
 #include <QDir>
 #include <QLibrary>
+#include <QWidget>
 
 #include "utils/event_filters/high_contrast_event_filter.h"
 #include "utils/platform/folder_path.h"
@@ -165,4 +167,14 @@ bool sendNativeMessage(const QByteArray& eventType, std::uint32_t number) {
 #endif
   qintptr result = 0;
   return QAbstractEventDispatcher::instance()->filterNativeEvent(eventType, &message, &result);
+}
+
+void sendToWindows(std::uint32_t number) {
+#ifdef _WIN32
+  for (const QWidget* const window : QApplication::topLevelWidgets()) {
+    if (window->isVisible()) SendMessageW(reinterpret_cast<HWND>(window->winId()), number, 0, 0);
+  }
+#else
+  sendNativeMessage("windows_generic_MSG", number);
+#endif
 }

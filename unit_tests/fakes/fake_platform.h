@@ -33,3 +33,6 @@ QColor fakeSystemColor(int number);
 
 /// Sends a native message through the application's filters, as Qt's event dispatcher does; whether one took it.
 bool sendNativeMessage(const QByteArray& eventType, std::uint32_t number);
+
+/// Sends a message to all open windows, on Windows through the system.
+void sendToWindows(std::uint32_t number);

@@ -18,6 +18,7 @@
 
 #include "unit_tests/ui/contrast_themes.h"
 #include "unit_tests/ui/dialog_helpers.h"
+#include "utils/platform/folder_path.h"
 
 void PrintTo(const Theme& theme, std::ostream* stream) {
   *stream << theme.name;
@@ -187,6 +188,31 @@ TEST_P(LookTest, OnlyColorsThatAThemeSetsAreUsed) {
     EXPECT_TRUE(allowed.contains(color)) << color.toStdString();
   }
   EXPECT_GT(found, 10);
+}
+
+// Windows tells every window of both, in either order.
+TEST_P(LookTest, OpenDialogsFollowTheThemeAndLeaveNothingBehind) {
+  constexpr std::uint32_t kSystemColorsChanged = 0x15;  // WM_SYSCOLORCHANGE
+  constexpr std::uint32_t kThemeChanged = 0x31A;        // WM_THEMECHANGED
+  fakePlatform().highContrast = false;
+  const auto capture = open<CameraDialog>();
+  const auto barcode = open<CameraBarcodeDialog>();
+  const QString normal = capture->styleSheet();
+  const QDir temporary(
+      QString::fromStdWString(vexa::utils::platform::GetFolderPath(vexa::utils::platform::kTemporaryFolder)));
+  for (const auto& [first, second] :
+       {std::pair(kSystemColorsChanged, kThemeChanged), std::pair(kThemeChanged, kSystemColorsChanged)}) {
+    for (const bool on : {true, false}) {
+      fakePlatform().highContrast = on;
+      sendToWindows(first);
+      sendToWindows(second);
+      QTest::qWait(150);
+      EXPECT_EQ(capture->styleSheet() == normal, !on);
+      EXPECT_EQ(barcode->styleSheet() == normal, !on);
+      EXPECT_EQ(temporary.isEmpty(), !on);
+      if (on) expectPair(*capture, "camera_capture_test_header_label", GetParam().window, GetParam().windowText, kText);
+    }
+  }
 }
 
 INSTANTIATE_TEST_SUITE_P(Themes, LookTest, testing::ValuesIn(kThemes),
