@@ -113,6 +113,14 @@ class LookTest : public testing::TestWithParam<Theme> {
     }
   }
 
+  /// Whether a widget's left edge is a border of this colour that differs enough from the window around it.
+  void expectBorder(QWidget& dialog, const char* name, QRgb color) {
+    auto* const widget = dialog.findChild<QWidget*>(QLatin1String(name));
+    const QPoint edge = widget->mapTo(&dialog, QPoint(0, widget->height() / 2));
+    EXPECT_EQ(text(dialog.grab(QRect(edge, QSize(1, 1))).toImage().pixel(0, 0)), text(color)) << name;
+    EXPECT_GE(contrast(color, GetParam().window), kIcon) << name;
+  }
+
   QTemporaryDir folder;
   QObject hostFilter;
 };
@@ -144,8 +152,10 @@ TEST_P(LookTest, ButtonsShowTheirStatesInPairsOfTheirOwn) {
     auto& button = *dialog->findChild<QPushButton*>(QLatin1String(name));
     button.setFocus();
     expectPair(*dialog, name, theme.highlight, theme.highlightText, required);
+    expectBorder(*dialog, name, theme.buttonText);
     button.clearFocus();
     expectPair(*dialog, name, theme.buttonFace, theme.buttonText, required);
+    expectBorder(*dialog, name, theme.buttonText);
     button.setAttribute(Qt::WA_UnderMouse);
     const QPointF middle(button.rect().center());
     QMouseEvent move(QEvent::MouseMove, middle, button.mapToGlobal(middle), Qt::NoButton, {}, {});
@@ -153,6 +163,18 @@ TEST_P(LookTest, ButtonsShowTheirStatesInPairsOfTheirOwn) {
     expectPair(*dialog, name, theme.highlight, theme.highlightText, required);
     button.setEnabled(false);
     expectPair(*dialog, name, theme.buttonFace, theme.grayText, kIcon);
+    expectBorder(*dialog, name, theme.grayText);
+  }
+}
+
+TEST_P(LookTest, BoxesAndTheTextThatIsReadHaveABorder) {
+  fakePlatform().narratorRuns = true;
+  const auto dialog = open<CameraBarcodeDialog>();
+  dialog->ShowRetry();
+  QTest::qWait(20);
+  for (const char* const name : {"border_widget", "camera_barcode_test_information_message_container",
+                                 "camera_barcode_test_warning_container", "camera_barcode_test_header_label"}) {
+    expectBorder(*dialog, name, GetParam().windowText);
   }
 }
 
