@@ -1,0 +1,117 @@
+#pragma once
+
+#include <QAccessible>
+#include <QApplication>
+#include <QLabel>
+#include <QMetaEnum>
+#include <QWidget>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstring>
+#include <set>
+#include <vector>
+
+#include <gmock/gmock.h>
+
+#include "unit_tests/ui/dialog_helpers.h"
+
+// A walk over what assistive technology finds in a window, and with the keyboard over what can take the focus.
+
+/// What breaks a rule for a reason. One that does not break it fails the walk as well.
+struct AccessibilityException {
+  const char* widget;
+  const char* rule;
+  const char* reason;
+};
+inline constexpr AccessibilityException kAccessibilityExceptions[] = {
+    {"camera_barcode_test_fail_text_label", "plain text", "its text format is required to be Qt::AutoText"},
+};
+
+class AccessibilityWalk {
+ public:
+  /// `window` must be the active window, and outlive the walk.
+  explicit AccessibilityWalk(QWidget& checkedWindow) : window(checkedWindow) {
+    collect(*QAccessible::queryAccessibleInterface(&window));
+  }
+
+  /// One line each: window, role, name, description, and whether the keyboard gets there.
+  void print(const char* title) const {
+    for (const QAccessibleInterface* element : elements) {
+      const auto text = [&](QAccessible::Text part) { return element->text(part).toStdString(); };
+      std::printf("%s | %s | %s | %s | %s\n", title,
+                  QMetaEnum::fromType<QAccessible::Role>().valueToKey(element->role()), text(QAccessible::Name).c_str(),
+                  text(QAccessible::Description).c_str(), element->state().focusable ? "focusable" : "");
+    }
+  }
+
+  void checkElements() const {
+    std::set<QString> names;
+    for (const QAccessibleInterface* element : elements) {
+      const bool focusable = element->state().focusable;
+      const bool container = element->childCount() > 0 && !focusable;
+      check(element->role() != QAccessible::NoRole && (container || element->role() != QAccessible::Client), "role",
+            *element);
+      const auto* const label = qobject_cast<QLabel*>(element->object());
+      check(!label || label->text().isEmpty() || label->textFormat() == Qt::PlainText, "plain text", *element);
+      if (element->object() != &window) {
+        check(element->parent()->rect().contains(element->rect()), "inside its parent", *element);
+      }
+      if (!focusable) continue;
+      const QString name = element->text(QAccessible::Name).remove('&').trimmed();
+      check(!name.isEmpty(), "name", *element);
+      check(!element->object() || names.insert(name).second, "name of its own", *element);
+    }
+  }
+
+  /// Steps with `key` until the focus comes back to where it was: it must have been on all that is focusable, on
+  /// nothing else, and seen at each place.
+  void checkFocus(int key) const {
+    std::set<const QObject*> wanted;
+    for (const QAccessibleInterface* element : elements) {
+      if (element->object() && element->state().focusable && !element->state().disabled)
+        wanted.insert(element->object());
+    }
+    std::set<const QObject*> visited;
+    QWidget* focused = window.focusWidget();
+    ASSERT_TRUE(focused) << "nothing has the focus at first";
+    while (visited.insert(focused).second) {
+      const QAccessibleInterface& element = *QAccessible::queryAccessibleInterface(focused);
+      const QImage with = picture(*focused);
+      focused->clearFocus();
+      check(picture(*focused) != with, "focus is seen", element);
+      focused->setFocus(Qt::TabFocusReason);
+      pressKey(window, key);
+      ASSERT_TRUE(focused = window.focusWidget());
+    }
+    EXPECT_EQ(visited, wanted);
+  }
+
+ private:
+  void collect(QAccessibleInterface& element) {
+    elements.push_back(&element);
+    for (int i = 0; i < element.childCount(); ++i) {
+      QAccessibleInterface* const child = element.child(i);
+      if (child && !child->state().invisible) collect(*child);
+    }
+  }
+
+  /// What the window shows where `widget` is.
+  QImage picture(QWidget& widget) const {
+    QCoreApplication::processEvents();
+    return window.grab({widget.mapTo(&window, QPoint()), widget.size()}).toImage();
+  }
+
+  static void check(bool holds, const char* rule, const QAccessibleInterface& element) {
+    const QString name = element.object() ? element.object()->objectName() : element.text(QAccessible::Name);
+    const bool excepted = std::any_of(
+        std::begin(kAccessibilityExceptions), std::end(kAccessibilityExceptions), [&](const auto& exception) {
+          return name == QLatin1String(exception.widget) && std::strcmp(rule, exception.rule) == 0;
+        });
+    EXPECT_NE(holds, excepted) << name.toStdString() << ": " << rule << (excepted ? " needs no exception" : "");
+  }
+
+  QWidget& window;
+  /// The window and all that is visible in it; Qt's.
+  std::vector<QAccessibleInterface*> elements;
+};
