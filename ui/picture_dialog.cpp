@@ -16,12 +16,12 @@ namespace {
 /// In pixels, of each of the two rings.
 constexpr int kRingWidth = 2;
 
-/// Two rings in the colours of windows: whatever the picture shows, it differs from one of them.
+/// Two rings: the outer one differs from the window around it, and one of them from whatever the picture shows.
 void drawFocusRing(QWidget& widget) {
   const QPalette palette = QGuiApplication::palette();
   QPainter painter(&widget);
   for (int inset = 0; inset < 2 * kRingWidth; ++inset) {
-    painter.setPen(palette.color(inset < kRingWidth ? QPalette::Window : QPalette::WindowText));
+    painter.setPen(palette.color(inset < kRingWidth ? QPalette::WindowText : QPalette::Window));
     painter.drawRect(widget.rect().adjusted(inset, inset, -inset - 1, -inset - 1));
   }
 }

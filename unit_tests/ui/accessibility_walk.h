@@ -45,7 +45,8 @@ class AccessibilityWalk {
     }
   }
 
-  void checkElements() const {
+  /// With `readable` the keyboard must get to every text and picture, so that a screen reader reads it.
+  void checkElements(bool readable) const {
     std::set<QString> names;
     for (const QAccessibleInterface* element : elements) {
       const bool focusable = element->state().focusable;
@@ -53,7 +54,9 @@ class AccessibilityWalk {
       check(element->role() != QAccessible::NoRole && (container || element->role() != QAccessible::Client), "role",
             *element);
       const auto* const label = qobject_cast<QLabel*>(element->object());
-      check(!label || label->text().isEmpty() || label->textFormat() == Qt::PlainText, "plain text", *element);
+      const bool hasText = label && !label->text().isEmpty();
+      check(!hasText || label->textFormat() == Qt::PlainText, "plain text", *element);
+      check(!readable || focusable || (!hasText && element->role() != QAccessible::Graphic), "is read", *element);
       if (element->object() != &window) {
         check(element->parent()->rect().contains(element->rect()), "inside its parent", *element);
       }
@@ -64,23 +67,23 @@ class AccessibilityWalk {
     }
   }
 
-  /// Steps with `key` until the focus comes back to where it was: it must have been on all that is focusable, on
-  /// nothing else, and seen at each place.
-  void checkFocus(int key) const {
+  /// Steps with `key` until the focus has been somewhere before: it must have been on all that is focusable, on nothing
+  /// else, and seen at each place. `backKey` must be the way back.
+  void checkFocus(int key, int backKey) const {
     std::set<const QObject*> wanted;
     for (const QAccessibleInterface* element : elements) {
-      if (element->object() && element->state().focusable && !element->state().disabled)
-        wanted.insert(element->object());
+      if (element->object() && element->state().focusable) wanted.insert(element->object());
     }
     std::set<const QObject*> visited;
     QWidget* focused = window.focusWidget();
     ASSERT_TRUE(focused) << "nothing has the focus at first";
     while (visited.insert(focused).second) {
-      const QAccessibleInterface& element = *QAccessible::queryAccessibleInterface(focused);
       const QImage with = picture(*focused);
       focused->clearFocus();
-      check(picture(*focused) != with, "focus is seen", element);
+      check(picture(*focused) != with, "focus is seen", *QAccessible::queryAccessibleInterface(focused));
       focused->setFocus(Qt::TabFocusReason);
+      for (const int step : {backKey, key}) pressKey(window, step);
+      EXPECT_EQ(window.focusWidget(), focused) << "not the way back";
       pressKey(window, key);
       ASSERT_TRUE(focused = window.focusWidget());
     }
