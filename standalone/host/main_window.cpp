@@ -10,7 +10,7 @@
 
 #include "discovery/system_component.h"
 #include "standalone/host/key_texts.h"
-#include "standalone/host/window_frame.h"
+#include "standalone/host/window_look.h"
 
 namespace {
 
@@ -20,11 +20,10 @@ constexpr QSize kSize(900, 720);
 
 MainWindow::MainWindow() {
   setObjectName("host_main_window");
-  auto* frame = new WindowFrame(*this, keyText("APPLICATION_NAME"));
-  auto* layout = new QVBoxLayout;
+  setWindowTitle(keyText("APPLICATION_NAME"));
+  auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(28, 20, 28, 24);
   layout->setSpacing(8);
-  frame->body().addLayout(layout);
 
   cameraName = addLabel(*layout, "host_camera_name");
   properties = new QGridLayout;
@@ -45,6 +44,7 @@ MainWindow::MainWindow() {
   verdict = addLabel(*layout, "host_verdict");
   messages->setFocus();
   resize(kSize);
+  new WindowLook(*this);
 }
 
 void MainWindow::showTest(const TestJob& job, const QString& description) {
