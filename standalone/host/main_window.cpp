@@ -39,6 +39,7 @@ MainWindow::MainWindow() {
   addLabel(*layout, "host_section", tr("Messages"));
   messages = new QListWidget;
   messages->setObjectName("host_messages");
+  messages->setAccessibleName(tr("Messages"));
   messages->setWordWrap(true);
   layout->addWidget(messages, 1);
   verdict = addLabel(*layout, "host_verdict");
@@ -59,6 +60,7 @@ void MainWindow::showTest(const TestJob& job, const QString& description) {
     auto* name = new QLabel(keyText(key));
     name->setObjectName("host_property_name");
     auto* text = new QLabel(QString::fromStdString(value));
+    text->setTextFormat(Qt::PlainText);
     text->setTextInteractionFlags(Qt::TextSelectableByMouse);
     properties->addWidget(name, row, 0);
     properties->addWidget(text, row, 1);
@@ -94,6 +96,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 QLabel* MainWindow::addLabel(QVBoxLayout& layout, const char* name, const QString& text) {
   auto* label = new QLabel(text);
   label->setObjectName(name);
+  label->setTextFormat(Qt::PlainText);
   layout.addWidget(label);
   return label;
 }

@@ -1,7 +1,6 @@
 #include "standalone/host/message_dialog.h"
 
 #include <QKeyEvent>
-#include <QLabel>
 #include <QPushButton>
 
 #include <utility>
@@ -57,7 +56,6 @@ void MessageDialog::keyPressEvent(QKeyEvent* event) {
 void MessageDialog::leaveWithoutDefault() {
   button(Cancel)->setText(tr("&Cancel the test"));
   for (QPushButton* button : findChildren<QPushButton*>()) button->setAutoDefault(false);
-  // Space and Enter press the button that has the focus.
-  setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-  findChild<QLabel*>(QStringLiteral("qt_msgbox_label"))->setFocus();
+  // Space and Enter press the button that has the focus. A text would have it unseen where no style sheet shows it.
+  setFocus();
 }

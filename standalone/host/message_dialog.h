@@ -7,7 +7,7 @@
 class QPushButton;
 
 /// A message of a test that the user confirms, or a question that the user answers. Answers are those of InputRequest.
-/// Nothing answers a question but its buttons: it has no default, and the focus is on its text as it opens.
+/// Nothing answers a question but its buttons: it has no default, and none of them has the focus as it opens.
 class MessageDialog : public QMessageBox {
   Q_OBJECT
 

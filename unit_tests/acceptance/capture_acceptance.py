@@ -110,7 +110,9 @@ class UserAcceptance(unittest.TestCase):
         return report
 
     def test_keyboard_alone(self):
-        for answer, result, messages in ((("space",), 0, []), (("Tab", "space"), 1, ["CAMERA_RESULT_FAILED", HINT])):
+        # Return answers no question.
+        for answer, result, messages in ((("alt+y",), 0, []), (("Return", "Tab", "Tab", "space"), 1,
+                                                               ["CAMERA_RESULT_FAILED", HINT])):
             with self.subTest(answer):
                 report = self.answered(desktop.keys("Return"), desktop.keys("Escape"), desktop.keys(*answer))
                 self.assertEqual((report["result"], report["messages"]), (result, messages))

@@ -72,20 +72,27 @@ class AccessibilityWalk {
   void checkFocus(int key, int backKey) const {
     std::set<const QObject*> wanted;
     for (const QAccessibleInterface* element : elements) {
-      if (element->object() && element->state().focusable) wanted.insert(element->object());
+      const auto* const widget = qobject_cast<QWidget*>(element->object());
+      if (widget && (widget->focusPolicy() & Qt::TabFocus)) wanted.insert(widget);
     }
     std::set<const QObject*> visited;
+    // As real keys leave it: some styles show the focus only then.
+    window.setAttribute(Qt::WA_KeyboardFocusChange);
+    // A window may open with the focus on none of its parts.
+    if (window.focusWidget() == &window) pressKey(window, key);
     QWidget* focused = window.focusWidget();
     ASSERT_TRUE(focused) << "nothing has the focus at first";
     while (visited.insert(focused).second) {
-      const QImage with = picture(*focused);
-      focused->clearFocus();
-      check(picture(*focused) != with, "focus is seen", *QAccessible::queryAccessibleInterface(focused));
-      focused->setFocus(Qt::TabFocusReason);
       for (const int step : {backKey, key}) pressKey(window, step);
       EXPECT_EQ(window.focusWidget(), focused) << "not the way back";
+      QWidget* const left = focused;
+      const QImage with = picture(*left);
       pressKey(window, key);
       ASSERT_TRUE(focused = window.focusWidget());
+      // Where there is no other place, the focus goes and comes back.
+      if (focused == left) left->clearFocus();
+      check(picture(*left) != with, "focus is seen", *QAccessible::queryAccessibleInterface(left));
+      focused->setFocus(Qt::TabFocusReason);
     }
     EXPECT_EQ(visited, wanted);
   }
