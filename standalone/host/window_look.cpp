@@ -1,0 +1,45 @@
+#include "standalone/host/window_look.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QWidget>
+
+#include <chrono>
+#include <utility>
+
+#include "module/style_manager.h"
+
+using namespace std::chrono_literals;
+using vexa::utils::style_manager::StyleManager;
+
+namespace {
+
+// The system changes its settings one by one and sends a message for each of several.
+constexpr auto kSettlingTime = 100ms;
+
+}  // namespace
+
+WindowLook::WindowLook(QWidget& dressedWindow, ColorSource colorSource)
+    : QObject(&dressedWindow), window(dressedWindow), colors(std::move(colorSource)) {
+  settled.setSingleShot(true);
+  settled.setInterval(kSettlingTime);
+  connect(&settled, &QTimer::timeout, this, &WindowLook::apply);
+  window.installEventFilter(this);
+  apply();
+}
+
+bool WindowLook::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::ThemeChange || event->type() == QEvent::ApplicationPaletteChange) settled.start();
+  return QObject::eventFilter(watched, event);
+}
+
+// The sheet goes first and comes last: while it is there, the widgets' palettes are its own.
+void WindowLook::apply() {
+  if (const std::optional<ContrastColors> contrast = colors()) {
+    window.setStyleSheet(QString());
+    window.setPalette(contrastPalette(QApplication::palette(), *contrast));
+  } else {
+    window.setPalette(QPalette());
+    window.setStyleSheet(StyleManager::instance().Stylesheet());
+  }
+}
