@@ -1,5 +1,7 @@
 #include "standalone/host/message_dialog.h"
 
+#include <QApplication>
+#include <QFocusFrame>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
@@ -59,5 +61,10 @@ void MessageDialog::leaveWithoutDefault() {
   for (QPushButton* button : findChildren<QPushButton*>()) button->setAutoDefault(false);
   // Space and Enter press the button that has the focus.
   setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-  findChild<QLabel*>(QStringLiteral("qt_msgbox_label"))->setFocus();
+  auto* const label = findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+  auto* const mark = new QFocusFrame(this);
+  connect(qApp, &QApplication::focusChanged, mark,
+          [=](QWidget*, QWidget* now) { mark->setWidget(now == label ? label : nullptr); });
+  label->setMargin(4);
+  label->setFocus();
 }
