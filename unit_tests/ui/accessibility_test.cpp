@@ -26,7 +26,9 @@ std::unique_ptr<Dialog> withPicture() {
 /// In the user's colours while high contrast is on.
 std::unique_ptr<QWidget> dressed(std::unique_ptr<QWidget> window) {
   if (fakePlatform().highContrast) {
-    new WindowLook(*window, [] { return ContrastColors{Qt::gray, Qt::yellow, Qt::cyan, Qt::black}; });
+    new WindowLook(*window, [] {
+      return ContrastColors{Qt::black, Qt::white, Qt::black, Qt::white, Qt::cyan, Qt::black, Qt::yellow, Qt::green};
+    });
   }
   return window;
 }
