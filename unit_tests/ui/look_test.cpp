@@ -119,10 +119,10 @@ class LookTest : public testing::TestWithParam<Theme> {
   /// it.
   void expectBorder(QWidget& dialog, const char* name, QRgb color) {
     auto* const widget = dialog.findChild<QWidget*>(QLatin1String(name));
-    const QPoint edge = widget->mapTo(&dialog, QPoint(0, widget->height() / 2));
-    const QImage row = dialog.grab(QRect(edge, QSize(8, 1))).toImage();
+    const QPoint edge = widget->mapTo(&dialog, QPoint(widget->width() / 2, 0));
+    const QImage column = dialog.grab(QRect(edge, QSize(1, 6))).toImage();
     std::set<std::string> seen;
-    for (int x = 0; x < row.width(); ++x) seen.insert(text(row.pixel(x, 0)));
+    for (int y = 0; y < column.height(); ++y) seen.insert(text(column.pixel(0, y)));
     EXPECT_TRUE(seen.contains(text(color))) << name;
     EXPECT_GE(contrast(color, GetParam().window), kIcon) << name;
   }
