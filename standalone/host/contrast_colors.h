@@ -7,13 +7,16 @@
 
 class QSettings;
 
-/// The colours of the user's high-contrast theme that Qt's palette for it lacks or gets wrong. A colour that the system
-/// does not tell is invalid.
+/// The colours of the user's high-contrast theme. One that the system does not tell is invalid.
 struct ContrastColors {
-  QColor grayText;
-  QColor hotTrack;
+  QColor window;
+  QColor windowText;
+  QColor buttonFace;
+  QColor buttonText;
   QColor highlight;
   QColor highlightText;
+  QColor hotTrack;
+  QColor grayText;
 };
 
 /// The user's colours; nothing while high contrast is off.
@@ -23,5 +26,7 @@ std::optional<ContrastColors> userContrastColors();
 /// decimal texts "red green blue".
 std::optional<ContrastColors> readContrastColors(const QSettings& highContrast, const QSettings& colors);
 
-/// The palette with disabled texts, links and, in an inactive window, too, the selection in these colours.
+/// The palette in these colours; an invalid one changes nothing. Qt's own palette for a high-contrast theme mixes the
+/// colour of disabled texts, has a fixed one for links, none for the selection of an inactive window, and for frames
+/// what the theme before left.
 QPalette contrastPalette(QPalette palette, const ContrastColors& colors);

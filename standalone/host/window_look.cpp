@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QStyle>
 #include <QWidget>
 
 #include <chrono>
@@ -16,6 +17,13 @@ namespace {
 
 // The system changes its settings one by one and sends a message for each of several.
 constexpr auto kSettlingTime = 100ms;
+
+void useStyle(const QString& name) {
+  if (QApplication::style()->name() == name) return;
+  QApplication::setStyle(name);
+  // A new style brings the system's fonts for some kinds of window with it.
+  QApplication::setFont(QApplication::font());
+}
 
 }  // namespace
 
@@ -33,13 +41,17 @@ bool WindowLook::eventFilter(QObject* watched, QEvent* event) {
   return QObject::eventFilter(watched, event);
 }
 
-// The sheet goes first and comes last: while it is there, the widgets' palettes are its own.
+// The sheet goes first and comes last: while it is there, the widgets' palettes are its own. Without one, Fusion's
+// frames are shades of the background, which nobody sees on black; those of the classic style have the palette's
+// colours. Styles belong to the application: a module's dialog has a sheet in either look.
 void WindowLook::apply() {
   if (const std::optional<ContrastColors> contrast = colors()) {
     window.setStyleSheet(QString());
+    useStyle(QStringLiteral("windows"));
     window.setPalette(contrastPalette(QApplication::palette(), *contrast));
   } else {
     window.setPalette(QPalette());
+    useStyle(QStringLiteral("fusion"));
     window.setStyleSheet(StyleManager::instance().Stylesheet());
   }
 }

@@ -44,8 +44,8 @@ def window_at(number, x, y, seconds=20):
         time.sleep(0.1)
 
 
-def press(key):
-    _xdotool("key", key)
+def press(*keys):
+    _xdotool("key", *keys)
 
 
 def keys(*names):

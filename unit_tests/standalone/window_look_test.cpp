@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QLabel>
 #include <QSettings>
+#include <QStyle>
 #include <QTemporaryDir>
 #include <QtCore/qtestsupport_core.h>
 
@@ -14,37 +15,27 @@ using vexa::utils::style_manager::StyleManager;
 
 namespace {
 
-constexpr QPalette::ColorGroup kGroups[] = {QPalette::Active, QPalette::Inactive, QPalette::Disabled};
-
 class WindowLookTest : public testing::Test {
  protected:
   void SetUp() override {
     ASSERT_TRUE(folder.isValid());
-    for (const auto& [name, value] : {std::pair("GrayText", "63 242 63"),
-                                      {"HotTrackingColor", "255 255 0"},
-                                      {"Hilight", "26 235 255"},
-                                      {"HilightText", "0 0 1"}}) {
-      colors.setValue(name, value);
+    int red = 0;
+    for (const char* name : {"Window", "WindowText", "ButtonFace", "ButtonText", "Hilight", "HilightText",
+                             "HotTrackingColor", "GrayText"}) {
+      colors.setValue(name, QStringLiteral("%1 2 3").arg(++red));
     }
   }
   void setFlags(const char* flags) { highContrast.setValue("Flags", flags); }
-  void expectContrast(const QColor& selection) const {
-    EXPECT_TRUE(window.styleSheet().isEmpty());
-    for (const QPalette::ColorGroup group : kGroups) {
-      EXPECT_EQ(text.palette().color(group, QPalette::Highlight), selection) << group;
-      EXPECT_EQ(text.palette().color(group, QPalette::HighlightedText), QColor(0, 0, 1)) << group;
-      EXPECT_EQ(text.palette().color(group, QPalette::Link), QColor(255, 255, 0)) << group;
-      const bool isDisabled = group == QPalette::Disabled;
-      for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-        EXPECT_EQ(text.palette().color(group, role),
-                  isDisabled ? QColor(63, 242, 63) : QApplication::palette().color(group, role));
-      }
-    }
+  void dress() {
+    new WindowLook(window, [this] { return readContrastColors(highContrast, colors); });
   }
-  void waitFor(QEvent::Type change) {
-    QEvent event(change);
+  void change(QEvent::Type type) {
+    QEvent event(type);
     QApplication::sendEvent(&window, &event);
     QTest::qWait(150);
+  }
+  int red(QPalette::ColorGroup group, QPalette::ColorRole role) const {
+    return text.palette().color(group, role).red();
   }
 
   const QTemporaryDir folder;
@@ -56,32 +47,51 @@ class WindowLookTest : public testing::Test {
 
 TEST_F(WindowLookTest, FollowsTheUserIntoHighContrastFromThemeToThemeAndBack) {
   setFlags("126");
-  new WindowLook(window, [this] { return readContrastColors(highContrast, colors); });
+  dress();
   window.show();
-  const QColor normalText = text.palette().color(QPalette::WindowText);
-  ASSERT_NE(normalText, QApplication::palette().color(QPalette::WindowText)) << "the sheet colours it";
+  const QPalette normal = text.palette();
+  ASSERT_EQ(normal.color(QPalette::WindowText), QColor("#123456")) << "the sheet's";
 
   setFlags("127");
-  waitFor(QEvent::ThemeChange);
-  expectContrast(QColor(26, 235, 255));
+  change(QEvent::ThemeChange);
+  EXPECT_EQ(window.styleSheet(), "");
+  EXPECT_EQ(QApplication::style()->name(), "windows") << "whose frames have the palette's colours";
+  for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+    const bool isDisabled = group == QPalette::Disabled;
+    for (const auto& [role, expected] : {std::pair(QPalette::Window, 1),
+                                         {QPalette::Base, 1},
+                                         {QPalette::WindowText, isDisabled ? 8 : 2},
+                                         {QPalette::Text, isDisabled ? 8 : 2},
+                                         {QPalette::Dark, 2},
+                                         {QPalette::Light, isDisabled ? 1 : 2},
+                                         {QPalette::Button, 3},
+                                         {QPalette::ButtonText, isDisabled ? 8 : 4},
+                                         {QPalette::Highlight, 5},
+                                         {QPalette::HighlightedText, 6},
+                                         {QPalette::Link, 7}}) {
+      EXPECT_EQ(red(group, role), expected) << "group " << group << " role " << role;
+    }
+  }
+
   colors.setValue("Hilight", "142 227 240");
-  waitFor(QEvent::ApplicationPaletteChange);
-  expectContrast(QColor(142, 227, 240));
+  colors.remove("GrayText");
+  change(QEvent::ApplicationPaletteChange);
+  EXPECT_EQ(red(QPalette::Inactive, QPalette::Highlight), 142);
+  EXPECT_EQ(red(QPalette::Disabled, QPalette::Text), 2) << "what the system does not tell changes nothing";
 
   setFlags("126");
-  waitFor(QEvent::ThemeChange);
+  change(QEvent::ThemeChange);
   EXPECT_EQ(window.styleSheet(), StyleManager::instance().Stylesheet());
-  EXPECT_EQ(text.palette().color(QPalette::WindowText), normalText);
-  EXPECT_EQ(text.palette().color(QPalette::Highlight), QApplication::palette().color(QPalette::Highlight));
+  EXPECT_EQ(QApplication::style()->name(), "fusion");
+  EXPECT_EQ(text.palette(), normal);
 }
 
-TEST_F(WindowLookTest, KeepsAColorThatTheSystemDoesNotTell) {
-  colors.remove("GrayText");
-  setFlags("127");
-  new WindowLook(window, [this] { return readContrastColors(highContrast, colors); });
-  EXPECT_EQ(text.palette().color(QPalette::Disabled, QPalette::Text),
-            QApplication::palette().color(QPalette::Disabled, QPalette::Text));
-  EXPECT_EQ(text.palette().color(QPalette::Link), QColor(255, 255, 0));
+TEST_F(WindowLookTest, StartsInHighContrastAndLeavesTheApplicationAsItIs) {
+  const QPalette application = QApplication::palette();
+  setFlags("1");
+  dress();
+  EXPECT_EQ(red(QPalette::Active, QPalette::Window), 1);
+  EXPECT_EQ(QApplication::palette(), application) << "a module's dialog has no part in it";
 }
 
 }  // namespace
