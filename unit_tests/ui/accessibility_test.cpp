@@ -26,9 +26,8 @@ std::unique_ptr<Dialog> withPicture() {
 /// In the user's colours while high contrast is on.
 std::unique_ptr<QWidget> dressed(std::unique_ptr<QWidget> window) {
   if (fakePlatform().highContrast) {
-    new WindowLook(*window, [] {
-      return ContrastColors{Qt::black, Qt::white, Qt::black, Qt::white, Qt::cyan, Qt::black, Qt::yellow, Qt::green};
-    });
+    const ContrastColors colors{Qt::black, Qt::white, Qt::black, Qt::yellow, Qt::cyan, Qt::black, Qt::green, Qt::gray};
+    new WindowLook(*window, [colors] { return colors; });
   }
   return window;
 }
