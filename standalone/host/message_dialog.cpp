@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QFocusFrame>
+#include <QIcon>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
@@ -12,6 +13,11 @@
 #include "ui/input_request.h"
 
 namespace {
+
+// Their blue is seen on white and on the backgrounds of all contrast themes.
+constexpr const char* kQuestionIcon = ":/host_style/images/question.svg";
+constexpr const char* kMessageIcon = ":/host_style/images/info.svg";
+constexpr int kIconSize = 32;
 
 constexpr std::pair<QMessageBox::StandardButton, std::uint32_t> kAnswers[] = {
     {QMessageBox::Yes, InputRequest::kYes},
@@ -26,7 +32,7 @@ MessageDialog::MessageDialog(Kind kind, const QString& title, const QString& tex
   const bool isQuestion = kind == Kind::kQuestion;
   setWindowFlag(Qt::WindowStaysOnTopHint);
   setWindowTitle(title);
-  setIcon(isQuestion ? Question : Information);
+  setIconPixmap(QIcon(QLatin1String(isQuestion ? kQuestionIcon : kMessageIcon)).pixmap(kIconSize));
   setTextFormat(Qt::PlainText);
   setText(text);
   // Closing the window and Escape are Cancel: without that button they would be No.
