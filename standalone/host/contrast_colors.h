@@ -17,6 +17,8 @@ struct ContrastColors {
   QColor highlightText;
   QColor hotTrack;
   QColor grayText;
+
+  bool operator==(const ContrastColors&) const = default;
 };
 
 /// The user's colours; nothing while high contrast is off.

@@ -1,5 +1,6 @@
 #include "standalone/host/message_dialog.h"
 
+#include <QIcon>
 #include <QKeyEvent>
 #include <QPushButton>
 
@@ -9,6 +10,11 @@
 #include "ui/input_request.h"
 
 namespace {
+
+// Their blue is seen on white and on the backgrounds of all contrast themes.
+constexpr const char* kQuestionIcon = ":/host_style/images/question.svg";
+constexpr const char* kMessageIcon = ":/host_style/images/info.svg";
+constexpr int kIconSize = 32;
 
 constexpr std::pair<QMessageBox::StandardButton, std::uint32_t> kAnswers[] = {
     {QMessageBox::Yes, InputRequest::kYes},
@@ -23,7 +29,7 @@ MessageDialog::MessageDialog(Kind kind, const QString& title, const QString& tex
   const bool isQuestion = kind == Kind::kQuestion;
   setWindowFlag(Qt::WindowStaysOnTopHint);
   setWindowTitle(title);
-  setIcon(isQuestion ? Question : Information);
+  setIconPixmap(QIcon(QLatin1String(isQuestion ? kQuestionIcon : kMessageIcon)).pixmap(kIconSize));
   setTextFormat(Qt::PlainText);
   setText(text);
   // Closing the window and Escape are Cancel: without that button they would be No.

@@ -31,21 +31,36 @@ WindowLook::WindowLook(QWidget& dressedWindow, ColorSource colorSource)
     : QObject(&dressedWindow), window(dressedWindow), colors(std::move(colorSource)) {
   settled.setSingleShot(true);
   settled.setInterval(kSettlingTime);
-  connect(&settled, &QTimer::timeout, this, &WindowLook::apply);
+  connect(&settled, &QTimer::timeout, this, &WindowLook::follow);
   window.installEventFilter(this);
-  apply();
+  show(colors());
 }
 
+// While a module's dialog is open, it may keep the system's message of a new theme from all other windows. The next one
+// that opens notices, and changes the style of all.
 bool WindowLook::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::ThemeChange || event->type() == QEvent::ApplicationPaletteChange) settled.start();
+  switch (event->type()) {
+    case QEvent::ThemeChange:
+    case QEvent::ApplicationPaletteChange:
+    case QEvent::StyleChange:
+      settled.start();
+      break;
+    default:
+      break;
+  }
   return QObject::eventFilter(watched, event);
+}
+
+void WindowLook::follow() {
+  if (const auto now = colors(); now != shown) show(now);
 }
 
 // The sheet goes first and comes last: while it is there, the widgets' palettes are its own. Without one, Fusion's
 // frames are shades of the background, which nobody sees on black; those of the classic style have the palette's
 // colours. Styles belong to the application: a module's dialog has a sheet in either look.
-void WindowLook::apply() {
-  if (const std::optional<ContrastColors> contrast = colors()) {
+void WindowLook::show(const std::optional<ContrastColors>& contrast) {
+  shown = contrast;
+  if (contrast) {
     window.setStyleSheet(QString());
     useStyle(QStringLiteral("windows"));
     window.setPalette(contrastPalette(QApplication::palette(), *contrast));

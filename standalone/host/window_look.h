@@ -24,9 +24,11 @@ class WindowLook : public QObject {
 
  private:
   bool eventFilter(QObject* watched, QEvent* event) override;
-  void apply();
+  void follow();
+  void show(const std::optional<ContrastColors>& contrast);
 
   QWidget& window;
   ColorSource colors;
+  std::optional<ContrastColors> shown;
   QTimer settled;
 };

@@ -34,7 +34,7 @@ void failOnWarning(QtMsgType type, const QMessageLogContext&, const QString& tex
   // The platform plug-ins' remarks about the machine are not the program's fault.
   for (const char* remark :
        {"QStandardPaths:", "XDG_RUNTIME_DIR", "SetProcessDpiAwareness", "EnableNonClientDpiScaling",
-        "Unable to open default", "QPixmap::fromWinHICON()", "propagateSizeHints", "This plugin does not support"}) {
+        "Unable to open default", "propagateSizeHints", "This plugin does not support"}) {
     if (text.contains(QLatin1String(remark))) return;
   }
   ADD_FAILURE() << "Qt warned: " << text.toStdString();
