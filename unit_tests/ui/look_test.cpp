@@ -44,6 +44,11 @@ double contrast(QRgb one, QRgb other) {
 constexpr double kText = 7;
 constexpr double kIcon = 3;
 
+constexpr const char* kLabels[] = {"camera_barcode_test_header_label", "camera_barcode_test_information_message",
+                                   "camera_barcode_test_warning_message", "camera_barcode_test_warning_message_small",
+                                   "camera_barcode_test_fail_text_label"};
+constexpr const char* kIcons[] = {"camera_barcode_test_header_icon", "camera_barcode_test_warning_message_icon"};
+
 std::string text(QRgb color) {
   return QColor(color).name().toStdString();
 }
@@ -77,13 +82,8 @@ int differingPixels(const QImage& one, const QImage& other) {
   return count;
 }
 
-class LookTest : public testing::TestWithParam<Theme> {
+class Look : public testing::Test {
  protected:
-  void SetUp() override {
-    setTheme(GetParam());
-    fakePlatform().programData = folder.path();
-  }
-
   template <class Dialog>
   std::unique_ptr<Dialog> open() {
     auto dialog = std::make_unique<Dialog>(nullptr, &hostFilter);
@@ -96,39 +96,63 @@ class LookTest : public testing::TestWithParam<Theme> {
     return dialog;
   }
 
-  /// Whether what is drawn in a widget, without its border, is a background and what belongs to it, and differs enough.
-  void expectPair(QWidget& dialog, const char* name, QRgb background, QRgb foreground, double required) {
+  /// What is drawn in a widget, without its border.
+  static Measured measured(QWidget& dialog, const char* name) {
     auto* const widget = dialog.findChild<QWidget*>(QLatin1String(name));
-    ASSERT_TRUE(widget && widget->isVisible()) << name;
+    EXPECT_TRUE(widget && widget->isVisible()) << name;
     // Round corners show what is behind a button.
     const QPoint inset = qobject_cast<QPushButton*>(widget) ? QPoint(8, 7) : QPoint(5, 3);
     const QRect inside(widget->mapTo(&dialog, inset), widget->size() - 2 * QSize(inset.x(), inset.y()));
-    const auto [back, fore] = measure(dialog.grab(inside).toImage());
-    // An icon may fill more than half of its place.
-    const std::set<std::string> seen = {text(back), text(fore)};
-    EXPECT_EQ(seen, std::set({text(background), text(foreground)})) << name;
-    const double ratio = contrast(back, fore);
-    // No theme's own pair can be made better.
-    EXPECT_GE(ratio, std::min(required, contrast(background, foreground))) << name;
+    const Measured colors = measure(dialog.grab(inside).toImage());
     if (std::getenv("MODULE_CAMERA_RATIOS")) {
-      std::printf("%7.4f  %-8s %s on %s  %s\n", ratio, GetParam().name, text(fore).c_str(), text(back).c_str(), name);
+      std::printf("%7.4f  %s on %s  %s\n", contrast(colors.background, colors.foreground),
+                  text(colors.foreground).c_str(), text(colors.background).c_str(), name);
     }
+    return colors;
   }
 
-  /// Whether what comes first at a widget's left is a border of this colour that differs enough from the window around
-  /// it.
-  void expectBorder(QWidget& dialog, const char* name, QRgb color) {
+  /// The colours along a widget's top, where its border is.
+  static std::set<std::string> topColors(QWidget& dialog, const char* name) {
     auto* const widget = dialog.findChild<QWidget*>(QLatin1String(name));
     const QPoint edge = widget->mapTo(&dialog, QPoint(widget->width() / 2, 0));
     const QImage column = dialog.grab(QRect(edge, QSize(1, 6))).toImage();
-    std::set<std::string> seen;
-    for (int y = 0; y < column.height(); ++y) seen.insert(text(column.pixel(0, y)));
-    EXPECT_TRUE(seen.contains(text(color))) << name;
-    EXPECT_GE(contrast(color, GetParam().window), kIcon) << name;
+    std::set<std::string> colors;
+    for (int y = 0; y < column.height(); ++y) colors.insert(text(column.pixel(0, y)));
+    return colors;
+  }
+
+  static void hover(QPushButton& button) {
+    button.setAttribute(Qt::WA_UnderMouse);
+    const QPointF middle(button.rect().center());
+    QMouseEvent move(QEvent::MouseMove, middle, button.mapToGlobal(middle), Qt::NoButton, {}, {});
+    QApplication::sendEvent(&button, &move);
   }
 
   QTemporaryDir folder;
   QObject hostFilter;
+};
+
+class LookTest : public Look, public testing::WithParamInterface<Theme> {
+ protected:
+  void SetUp() override {
+    setTheme(GetParam());
+    fakePlatform().programData = folder.path();
+  }
+
+  /// Whether what is drawn is a background and what belongs to it, and differs enough.
+  static void expectPair(QWidget& dialog, const char* name, QRgb background, QRgb foreground, double required) {
+    const auto [back, fore] = measured(dialog, name);
+    // An icon may fill more than half of its place.
+    const std::set<std::string> seen = {text(back), text(fore)};
+    EXPECT_EQ(seen, std::set({text(background), text(foreground)})) << name;
+    // No theme's own pair can be made better.
+    EXPECT_GE(contrast(back, fore), std::min(required, contrast(background, foreground))) << name;
+  }
+
+  static void expectBorder(QWidget& dialog, const char* name, QRgb color) {
+    EXPECT_TRUE(topColors(dialog, name).contains(text(color))) << name;
+    EXPECT_GE(contrast(color, GetParam().window), kIcon) << name;
+  }
 };
 
 TEST_P(LookTest, TextAndIconsStandOnWhatBelongsToThem) {
@@ -141,13 +165,8 @@ TEST_P(LookTest, TextAndIconsStandOnWhatBelongsToThem) {
   expectPair(*barcode, "camera_barcode_test_step_two_waiting", theme.window, theme.windowText, kIcon);
   barcode->ShowRetry();
   QTest::qWait(20);
-  for (const char* const label :
-       {"header_label", "information_message", "warning_message", "warning_message_small", "fail_text_label"}) {
-    expectPair(*barcode, ("camera_barcode_test_" + std::string(label)).c_str(), theme.window, theme.windowText, kText);
-  }
-  for (const char* const icon : {"header_icon", "warning_message_icon"}) {
-    expectPair(*barcode, ("camera_barcode_test_" + std::string(icon)).c_str(), theme.window, theme.windowText, kIcon);
-  }
+  for (const char* const label : kLabels) expectPair(*barcode, label, theme.window, theme.windowText, kText);
+  for (const char* const icon : kIcons) expectPair(*barcode, icon, theme.window, theme.windowText, kIcon);
 }
 
 TEST_P(LookTest, ButtonsShowTheirStatesInPairsOfTheirOwn) {
@@ -162,10 +181,7 @@ TEST_P(LookTest, ButtonsShowTheirStatesInPairsOfTheirOwn) {
     button.clearFocus();
     expectPair(*dialog, name, theme.buttonFace, theme.buttonText, required);
     expectBorder(*dialog, name, theme.buttonText);
-    button.setAttribute(Qt::WA_UnderMouse);
-    const QPointF middle(button.rect().center());
-    QMouseEvent move(QEvent::MouseMove, middle, button.mapToGlobal(middle), Qt::NoButton, {}, {});
-    QApplication::sendEvent(&button, &move);
+    hover(button);
     expectPair(*dialog, name, theme.highlight, theme.highlightText, required);
     button.setEnabled(false);
     expectPair(*dialog, name, theme.buttonFace, theme.grayText, kIcon);
@@ -240,6 +256,36 @@ TEST_P(LookTest, OpenDialogsFollowTheThemeAndLeaveNothingBehind) {
       EXPECT_EQ(temporary.isEmpty(), !on);
       if (on) expectPair(*capture, "camera_capture_test_header_label", GetParam().window, GetParam().windowText, kText);
     }
+  }
+}
+
+TEST_F(Look, OfTheHostIsLegibleToo) {
+  constexpr double kNormalText = 4.5;
+  fakePlatform() = {};
+  const auto ratio = [](QWidget& dialog, const char* name) {
+    const auto [background, foreground] = measured(dialog, name);
+    return contrast(background, foreground);
+  };
+  const auto capture = open<CameraDialog>();
+  const auto barcode = open<CameraBarcodeDialog>();
+  EXPECT_GE(ratio(*capture, "camera_capture_test_header_label"), kNormalText);
+  EXPECT_GE(ratio(*capture, "camera_capture_test_header_icon"), kIcon);
+  EXPECT_GE(ratio(*barcode, "camera_barcode_test_step_one_current"), kIcon);
+  EXPECT_GE(ratio(*barcode, "camera_barcode_test_step_two_waiting"), kIcon);
+  barcode->ShowRetry();
+  QTest::qWait(20);
+  for (const char* const label : kLabels) EXPECT_GE(ratio(*barcode, label), kNormalText) << label;
+  for (const char* const icon : kIcons) EXPECT_GE(ratio(*barcode, icon), kIcon) << icon;
+  EXPECT_GE(ratio(*barcode, "camera_barcode_test_step_one_warning"), kIcon);
+  for (const auto& [name, required] : {std::pair("camera_barcode_test_button_fail", kNormalText),
+                                       std::pair("camera_barcode_test_header_close", kIcon)}) {
+    auto& button = *barcode->findChild<QPushButton*>(QLatin1String(name));
+    for (const bool focused : {true, false}) {
+      focused ? button.setFocus() : button.clearFocus();
+      EXPECT_GE(ratio(*barcode, name), required) << name << focused;
+    }
+    hover(button);
+    EXPECT_GE(ratio(*barcode, name), required) << name << " hovered";
   }
 }
 
