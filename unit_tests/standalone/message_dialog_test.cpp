@@ -1,6 +1,7 @@
 #include "standalone/host/message_dialog.h"
 
 #include <QApplication>
+#include <QFocusFrame>
 #include <QKeyEvent>
 #include <QPushButton>
 #include <QtCore/qtestsupport_core.h>
@@ -48,10 +49,15 @@ INSTANTIATE_TEST_SUITE_P(
                     std::tuple(Kind::kQuestion, MessageDialog::kUnanswered, Qt::Key_Return,
                                MessageDialog::kUnanswered)));
 
-TEST(MessageDialogTextTest, IsPlainAndAnUnansweredWindowThatIsClosedSaysNothing) {
+TEST(QuestionTest, HasAPlainTextThatShowsItsFocusAndNoAnswerWhenItIsClosed) {
   MessageDialog dialog(Kind::kQuestion, "Title", "<b>Text</b>");
   EXPECT_EQ(dialog.textFormat(), Qt::PlainText);
   dialog.open();
+  QApplication::setActiveWindow(&dialog);
+  const auto* const mark = dialog.findChild<QFocusFrame*>();
+  EXPECT_EQ(mark->widget(), dialog.focusWidget());
+  dialog.buttonFor(InputRequest::kNo)->setFocus();
+  EXPECT_EQ(mark->widget(), nullptr);
   dialog.close();
   EXPECT_FALSE(dialog.isVisible());
   EXPECT_EQ(dialog.answer(), MessageDialog::kUnanswered);

@@ -27,8 +27,10 @@ class WindowLookTest : public testing::Test {
   }
   void setFlags(const char* flags) { highContrast.setValue("Flags", flags); }
   void dress(QWidget& naked) {
-    new WindowLook(naked, [this] { return readContrastColors(highContrast, colors); });
+    new WindowLook(naked, [this] { return ++asked, readContrastColors(highContrast, colors); });
   }
+  /// Until what a change of the look itself set off is over.
+  static void rest() { QTest::qWait(300); }
   void tell(QEvent::Type type) {
     QEvent event(type);
     QApplication::sendEvent(&window, &event);
@@ -42,6 +44,7 @@ class WindowLookTest : public testing::Test {
   QSettings colors{folder.filePath("colors"), QSettings::IniFormat};
   QWidget window;
   QLabel text{&window};
+  int asked = 0;
 };
 
 TEST_F(WindowLookTest, FollowsTheUserIntoHighContrastFromThemeToThemeAndBack) {
@@ -50,6 +53,7 @@ TEST_F(WindowLookTest, FollowsTheUserIntoHighContrastFromThemeToThemeAndBack) {
   window.show();
   const QPalette normal = text.palette();
   ASSERT_EQ(normal.color(QPalette::WindowText), QColor("#1D2735")) << "the sheet's";
+  rest();
 
   setFlags("127");
   tell(QEvent::ThemeChange);
@@ -73,18 +77,25 @@ TEST_F(WindowLookTest, FollowsTheUserIntoHighContrastFromThemeToThemeAndBack) {
     }
   }
 
+  rest();
   colors.setValue("Hilight", "142 227 240");
   colors.remove("GrayText");
   tell(QEvent::ApplicationPaletteChange);
   EXPECT_TRUE(QTest::qWaitFor([this] { return red(QPalette::Inactive, QPalette::Highlight) == 142; }));
   EXPECT_EQ(red(QPalette::Disabled, QPalette::Text), 2) << "what the system does not tell changes nothing";
 
+  rest();
   setFlags("126");
   QWidget later;
   dress(later);  // it notices what the first was not told
   EXPECT_TRUE(QTest::qWaitFor([this] { return window.styleSheet() == StyleManager::instance().Stylesheet(); }));
   EXPECT_EQ(QApplication::style()->name(), "fusion");
   EXPECT_EQ(text.palette(), normal);
+  EXPECT_EQ(window.palette(), later.palette());
+  rest();
+  const int before = asked;
+  rest();
+  EXPECT_EQ(asked, before);
 }
 
 TEST_F(WindowLookTest, StartsInHighContrastAndLeavesTheApplicationAsItIs) {
