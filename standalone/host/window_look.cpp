@@ -37,9 +37,17 @@ WindowLook::WindowLook(QWidget& dressedWindow, ColorSource colorSource)
 }
 
 // Qt tells a widget of a new theme as of a new style. While a module's dialog is open, it may keep the system's message
-// of a new theme from all other windows: the next window that opens notices, and changes the style of all.
+// of a new theme from all other windows: they notice when the user comes back to them.
 bool WindowLook::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::StyleChange || event->type() == QEvent::ApplicationPaletteChange) settled.start();
+  switch (event->type()) {
+    case QEvent::StyleChange:
+    case QEvent::ApplicationPaletteChange:
+    case QEvent::WindowActivate:
+      settled.start();
+      break;
+    default:
+      break;
+  }
   return QObject::eventFilter(watched, event);
 }
 
