@@ -110,11 +110,11 @@ class Look : public testing::Test {
     return colors;
   }
 
-  /// The colours along a widget's top, where its border is.
+  /// The colours across a widget's upper border, from outside inwards.
   static std::set<std::string> topColors(QWidget& dialog, const char* name) {
     auto* const widget = dialog.findChild<QWidget*>(QLatin1String(name));
-    const QPoint edge = widget->mapTo(&dialog, QPoint(widget->width() / 2, 0));
-    const QImage column = dialog.grab(QRect(edge, QSize(1, 6))).toImage();
+    const QPoint edge = widget->mapTo(&dialog, QPoint(widget->width() / 2, -3));
+    const QImage column = dialog.grab(QRect(edge, QSize(1, 9))).toImage();
     std::set<std::string> colors;
     for (int y = 0; y < column.height(); ++y) colors.insert(text(column.pixel(0, y)));
     return colors;
