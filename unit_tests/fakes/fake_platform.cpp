@@ -100,7 +100,16 @@ FARPROC WINAPI procedure(HMODULE library, const char* name) {
   return realFunction<decltype(&GetProcAddress)>("kernel32", "GetProcAddress")(library, name);
 }
 
-HRESULT WINAPI knownFolder(REFKNOWNFOLDERID id, DWORD, HANDLE, wchar_t** path) {
+}  // namespace
+
+SUBSTITUTE_IMPORT(SystemParametersInfoW, systemParameters);
+SUBSTITUTE_IMPORT(GetSysColor, systemColor);
+SUBSTITUTE_IMPORT(EnumDisplayMonitors, eachMonitor);
+SUBSTITUTE_IMPORT(GetMonitorInfoW, monitorInfo);
+SUBSTITUTE_IMPORT(GetProcAddress, procedure);
+
+// Not declared as an import: the function itself is replaced.
+HRESULT WINAPI SHGetKnownFolderPath(REFKNOWNFOLDERID id, DWORD, HANDLE, wchar_t** path) {
   const std::wstring folder = QDir::toNativeSeparators(fakePlatform().programData).toStdWString();
   *path = nullptr;
   if (id != FOLDERID_ProgramData || folder.empty()) return E_FAIL;
@@ -109,15 +118,6 @@ HRESULT WINAPI knownFolder(REFKNOWNFOLDERID id, DWORD, HANDLE, wchar_t** path) {
   std::memcpy(*path, folder.c_str(), size);
   return S_OK;
 }
-
-}  // namespace
-
-SUBSTITUTE_IMPORT(SystemParametersInfoW, systemParameters);
-SUBSTITUTE_IMPORT(SHGetKnownFolderPath, knownFolder);
-SUBSTITUTE_IMPORT(GetSysColor, systemColor);
-SUBSTITUTE_IMPORT(EnumDisplayMonitors, eachMonitor);
-SUBSTITUTE_IMPORT(GetMonitorInfoW, monitorInfo);
-SUBSTITUTE_IMPORT(GetProcAddress, procedure);
 
 #else
 
