@@ -78,6 +78,7 @@ TEST_P(CameraRun, WithoutAFormatThereIsNoPicture) {
   EXPECT_EQ(context.told,
             untilStartAnd({progress(50), FINAL_REPORT("FAILED_TO_INITIALIZE"), message("(stopped)"), progress(100)}));
   EXPECT_EQ(openDialog(), nullptr);
+  EXPECT_EQ(context.componentQueries, 2) << "the camera is asked for once after the check of the services";
 }
 
 TEST_P(CameraRun, AFailedFrameEndsThePictureWithItsKey) {
@@ -108,12 +109,6 @@ TEST_P(CameraRun, AnEventOrACancellationEndsThePictureBeforeTheNextFrame) {
   EXPECT_EQ(run(), 4u);
   EXPECT_EQ(context.told, untilPictureAnd({progress(100), message("(stopped)"), progress(100)}));
   EXPECT_EQ(capturer.framesTaken, 2);
-}
-
-TEST_P(CameraRun, AsksForTheCameraOnceAfterItsCheckOfTheServices) {
-  capturer.frame = code(kPlausible);
-  EXPECT_EQ(run(), 0u);
-  EXPECT_EQ(context.componentQueries, 2);
 }
 
 /// From one call on, host and camera throw at every call: while the run is left, too.

@@ -24,6 +24,9 @@
 
 // What the tests of the dialogs share.
 
+/// A host's event filter that lets everything pass.
+inline QObject hostFilter;
+
 /// The open dialog of a class; null when there is none.
 template <class Dialog>
 Dialog* openDialog() {
@@ -33,6 +36,22 @@ Dialog* openDialog() {
   return nullptr;
 }
 
+template <class Dialog>
+std::unique_ptr<Dialog> dialogWithPicture() {
+  auto dialog = std::make_unique<Dialog>(nullptr, &hostFilter);
+  QImage frame(640, 480, QImage::Format_RGB32);
+  frame.fill(Qt::darkGray);
+  dialog->LoadFrame(frame);
+  return dialog;
+}
+
+/// Shows a window and makes it the active one, so that its widgets can have the focus.
+inline void activate(QWidget& window) {
+  window.show();
+  QApplication::setActiveWindow(&window);
+  QTest::qWait(20);
+}
+
 /// Presses a key as the keyboard does: the focused widget gets it, and what that leaves goes on to the dialog.
 inline void pressKey(QWidget& dialog, int key) {
   QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
@@ -40,12 +59,10 @@ inline void pressKey(QWidget& dialog, int key) {
 }
 
 /// Signatures of the signals and slots that a class adds, in order.
-inline std::vector<std::string> ownMethods(const QMetaObject& meta) {
-  std::vector<std::string> signatures;
-  for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
-    signatures.push_back(meta.method(i).methodSignature().toStdString());
-  }
-  return signatures;
+inline std::string ownMethods(const QMetaObject& meta) {
+  QByteArrayList signatures;
+  for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) signatures += meta.method(i).methodSignature();
+  return signatures.join(' ').toStdString();
 }
 
 /// Translates a key into itself with marks that must not act, and only in the context of the dialogs.
@@ -87,11 +104,18 @@ class DialogTest : public testing::Test {
     dialog->resultTarget = &result;
     return *dialog;
   }
-  /// Shows a new dialog and makes it the active window, so that its widgets can have the focus.
-  void activate() {
-    create().show();
-    QApplication::setActiveWindow(dialog.get());
-    QTest::qWait(20);
+  void activate() { ::activate(create()); }
+  /// Opens a new dialog, which must be closed with `answer` after `act`.
+  void expectAnswer(int answer, const std::function<void()>& act) {
+    result = 0;
+    activate();
+    int closing = 0;
+    QObject::connect(dialog.get(), &Dialog::closing, [&] { ++closing; });
+    act();
+    EXPECT_FALSE(dialog->isVisible());
+    EXPECT_EQ(result, answer);
+    EXPECT_EQ(dialog->result(), answer);
+    EXPECT_GE(closing, 1);
   }
   template <class Widget = QWidget>
   Widget* part(const char* name) const {
@@ -102,7 +126,6 @@ class DialogTest : public testing::Test {
     return widget ? widget->objectName().remove(QLatin1String(kPrefix)).toStdString() : "";
   }
 
-  QObject hostFilter;
   DialogResult result{0};
   std::unique_ptr<Dialog> dialog;
 };

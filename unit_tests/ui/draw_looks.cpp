@@ -3,15 +3,15 @@
 
 #include <QApplication>
 #include <QImageReader>
-#include <QPainter>
+#include <QLabel>
 #include <QScreen>
 #include <QTemporaryDir>
+#include <QVBoxLayout>
 
 #include <algorithm>
 #include <cstdio>
 #include <string_view>
 #include <type_traits>
-#include <vector>
 
 #include "ui/camera_barcode_dialog.h"
 #include "ui/camera_dialog.h"
@@ -19,11 +19,8 @@
 
 namespace {
 
-constexpr int kGap = 12;
-constexpr int kTitleHeight = 20;
-
 template <class Dialog>
-QImage draw(bool secondState) {
+QPixmap draw(bool secondState) {
   constexpr bool kBarcode = std::is_same_v<Dialog, CameraBarcodeDialog>;
   // The second attempt, and a text that a screen reader's user has the focus on.
   fakePlatform().narratorRuns = secondState && !kBarcode;
@@ -38,9 +35,7 @@ QImage draw(bool secondState) {
     if (secondState) dialog.ShowRetry();
   }
   for (int i = 0; i < 5; ++i) QApplication::processEvents();
-  QImage picture = dialog.grab().toImage();
-  picture.setDevicePixelRatio(1);
-  return picture;
+  return dialog.grab();
 }
 
 }  // namespace
@@ -64,25 +59,25 @@ int main(int argc, char** argv) {
   }
   fakePlatform().programData = folder.path();
 
-  const std::vector<QImage> pictures = {draw<CameraDialog>(false), draw<CameraDialog>(true),
-                                        draw<CameraBarcodeDialog>(false), draw<CameraBarcodeDialog>(true)};
+  const QPixmap pictures[] = {draw<CameraDialog>(false), draw<CameraDialog>(true), draw<CameraBarcodeDialog>(false),
+                              draw<CameraBarcodeDialog>(true)};
   QImageReader::setAllocationLimit(0);
-  const QImage above(QString::fromLocal8Bit(argv[1]));
-  int width = kGap, height = 0;
-  for (const QImage& picture : pictures) {
-    width += picture.width() + kGap;
-    height = std::max(height, picture.height());
-  }
-  QImage sheet(std::max(width, above.width()), above.height() + kTitleHeight + height + kGap, QImage::Format_RGB32);
-  sheet.fill(QColor(128, 128, 160));
-  QPainter painter(&sheet);
-  painter.drawImage(0, 0, above);
-  painter.drawText(kGap, above.height() + kTitleHeight - 5, title);
-  int x = kGap;
-  for (const QImage& picture : pictures) {
-    painter.drawImage(x, above.height() + kTitleHeight, picture);
-    x += picture.width() + kGap;
-  }
-  painter.end();
-  return sheet.save(QString::fromLocal8Bit(argv[1])) ? 0 : 2;
+  QPixmap above(QString::fromLocal8Bit(argv[1]));
+  above.setDevicePixelRatio(pictures[0].devicePixelRatio());
+  QWidget sheet;
+  sheet.setPalette(QColor(128, 128, 160));
+  auto* const rows = new QVBoxLayout(&sheet);
+  rows->setContentsMargins({});
+  const auto add = [](QBoxLayout& layout, const QPixmap& picture) {
+    auto* const label = new QLabel;
+    label->setPixmap(picture);
+    layout.addWidget(label, 0, Qt::AlignTop | Qt::AlignLeft);
+  };
+  if (!above.isNull()) add(*rows, above);
+  rows->addWidget(new QLabel(title));
+  auto* const row = new QHBoxLayout;
+  for (const QPixmap& picture : pictures) add(*row, picture);
+  row->addStretch();
+  rows->addLayout(row);
+  return sheet.grab().save(QString::fromLocal8Bit(argv[1])) ? 0 : 2;
 }

@@ -1,10 +1,12 @@
 #include "ui/picture_dialog.h"
 
+#include <QFile>
 #include <QLabel>
 
 #include <functional>
 
 #include "unit_tests/ui/dialog_helpers.h"
+#include "unit_tests/ui/form_text.h"
 
 namespace {
 
@@ -19,6 +21,16 @@ class PictureDialogTest : public DialogTest<Dialog> {
 };
 using Dialogs = testing::Types<CameraDialog, CameraBarcodeDialog>;
 TYPED_TEST_SUITE(PictureDialogTest, Dialogs);
+
+TYPED_TEST(PictureDialogTest, HasItsFormAndItsSignalsAndSlots) {
+  this->create();
+  QFile expected(this->kBarcode ? FORMS_FOLDER "/form_of_camera_barcode_dialog.txt"
+                                : FORMS_FOLDER "/form_of_camera_dialog.txt");
+  ASSERT_TRUE(expected.open(QIODevice::ReadOnly | QIODevice::Text));
+  EXPECT_EQ(describeForm(*this->dialog, this->kPrefix).toStdString() + ownMethods(TypeParam::staticMetaObject) + "\n",
+            expected.readAll().toStdString());
+  EXPECT_TRUE(this->template part<QPushButton>("header_close")->isFlat());
+}
 
 TYPED_TEST(PictureDialogTest, IsModalWithItsTitleAndNamesAndDescribedForAScreenReader) {
   const MarkingTranslator translator;
@@ -54,17 +66,11 @@ TYPED_TEST(PictureDialogTest, EveryWayOfClosingGivesFive) {
   };
   for (const auto& [name, way] : ways) {
     SCOPED_TRACE(name);
-    this->result = 0;
-    this->activate();
-    int closing = 0;
     int finished = 0;
-    QObject::connect(this->dialog.get(), &TypeParam::closing, [&] { ++closing; });
-    QObject::connect(this->dialog.get(), &QDialog::finished, [&] { ++finished; });
-    way();
-    EXPECT_FALSE(this->dialog->isVisible());
-    EXPECT_EQ(this->result, 5);
-    EXPECT_EQ(this->dialog->result(), 5);
-    EXPECT_GE(closing, 1);
+    this->expectAnswer(5, [&] {
+      QObject::connect(this->dialog.get(), &QDialog::finished, [&] { ++finished; });
+      way();
+    });
     EXPECT_GE(finished, 1);
   }
 }

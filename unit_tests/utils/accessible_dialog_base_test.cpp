@@ -22,59 +22,49 @@ using vexa::utils::style_manager::StyleManager;
 
 namespace {
 
-constexpr int kThemeChanged = 794;
+QString currentHighContrast() {
+  RecoloredIcons icons(nullptr);
+  return highContrastStyleSheet(StyleManager::instance().Stylesheet(),
+                                HighContrastEventFilter(nullptr).ReadSystemColors(), icons);
+}
 
-class AccessibleDialogBaseTest : public testing::Test {
- protected:
-  void SetUp() override { fakePlatform() = {}; }
+/// Whether somebody took the message.
+bool changeTheme() {
+  return sendNativeMessage("windows_generic_MSG", 794);
+}
 
-  static QString currentHighContrast() {
-    RecoloredIcons icons(nullptr);
-    return highContrastStyleSheet(StyleManager::instance().Stylesheet(),
-                                  HighContrastEventFilter(nullptr).ReadSystemColors(), icons);
-  }
-  static void changeTheme() { EXPECT_TRUE(sendNativeMessage("windows_generic_MSG", kThemeChanged)); }
-};
-
-TEST_F(AccessibleDialogBaseTest, FollowsTheThemeAndGoesBackToTheHostsStyle) {
+TEST(AccessibleDialogBaseTest, StartsInHighContrastAndFollowsTheUserBackToTheHostsStyle) {
+  const QString normal = StyleManager::instance().Stylesheet();
+  fakePlatform() = {.highContrast = true, .shade = 50};
   AccessibleDialogBase dialog(nullptr);
-  EXPECT_EQ(dialog.styleSheet(), StyleManager::instance().Stylesheet());
+  const QString atFirst = dialog.styleSheet();
+  EXPECT_EQ(atFirst, currentHighContrast());
   EXPECT_TRUE(dialog.testAttribute(Qt::WA_TranslucentBackground));
 
-  fakePlatform().highContrast = true;
-  fakePlatform().shade = 50;
+  fakePlatform().highContrast = false;
   QElapsedTimer time;
   time.start();
   changeTheme();
-  EXPECT_EQ(dialog.styleSheet(), StyleManager::instance().Stylesheet()) << "not at once";
-  EXPECT_TRUE(QTest::qWaitFor([&] { return dialog.styleSheet() == currentHighContrast(); }));
+  EXPECT_EQ(dialog.styleSheet(), atFirst) << "not at once";
+  EXPECT_TRUE(QTest::qWaitFor([&] { return dialog.styleSheet() == normal; }));
   EXPECT_GE(time.elapsed(), 90);
 
   // Of two changes in a row the last one counts, although both timers run.
   changeTheme();
-  fakePlatform().highContrast = false;
+  fakePlatform() = {.highContrast = true, .shade = 60};
   changeTheme();
-  EXPECT_TRUE(QTest::qWaitFor([&] { return dialog.styleSheet() == StyleManager::instance().Stylesheet(); }));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return dialog.styleSheet() == currentHighContrast(); }));
 }
 
-TEST_F(AccessibleDialogBaseTest, StartsInHighContrastWhenItIsOn) {
-  fakePlatform().highContrast = true;
-  AccessibleDialogBase dialog(nullptr);
-  EXPECT_EQ(dialog.styleSheet(), currentHighContrast());
-  fakePlatform().highContrast = false;
-  changeTheme();
-  EXPECT_TRUE(QTest::qWaitFor([&] { return dialog.styleSheet() == StyleManager::instance().Stylesheet(); }));
-}
-
-TEST_F(AccessibleDialogBaseTest, ADeletedDialogHearsOfNoChange) {
+TEST(AccessibleDialogBaseTest, ADeletedDialogHearsOfNoChange) {
   auto dialog = std::make_unique<AccessibleDialogBase>(nullptr);
-  changeTheme();
+  EXPECT_TRUE(changeTheme());
   dialog.reset();
-  EXPECT_FALSE(sendNativeMessage("windows_generic_MSG", kThemeChanged)) << "its filter is gone";
+  EXPECT_FALSE(changeTheme()) << "its filter is gone";
   QTest::qWait(150);
 }
 
-TEST_F(AccessibleDialogBaseTest, AllDialogsShareOneAccessibleObject) {
+TEST(AccessibleDialogBaseTest, AllDialogsShareOneAccessibleObject) {
   auto first = std::make_unique<AccessibleDialogBase>(nullptr);
   AccessibleDialogBase second(nullptr);
   QAccessibleInterface* const shared = first->accessibleInterface();
