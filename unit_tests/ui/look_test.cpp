@@ -19,25 +19,10 @@
 
 namespace {
 
-/// WCAG 2's relative luminance.
-double luminance(QRgb color) {
-  const auto linear = [](int part) {
-    const double share = part / 255.0;
-    return share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
-  };
-  return 0.2126 * linear(qRed(color)) + 0.7152 * linear(qGreen(color)) + 0.0722 * linear(qBlue(color));
-}
-
-/// WCAG 2's contrast ratio.
-double contrast(QRgb one, QRgb other) {
-  const auto [dark, light] = std::minmax({luminance(one), luminance(other)});
-  return (light + 0.05) / (dark + 0.05);
-}
-
 constexpr double kText = 4.5;
 constexpr double kTextOfContrastThemes = 7;
 /// Of icons, borders and what is disabled.
-constexpr double kIcon = 3;
+constexpr double kIcon = kSeen;
 
 constexpr std::pair<const char*, bool> kButtonsAndIfTheyHaveText[] = {{"button_fail", true}, {"header_close", false}};
 
@@ -57,15 +42,6 @@ std::pair<QRgb, QRgb> measure(const QImage& picture) {
     return contrast(background, a.first) < contrast(background, b.first);
   };
   return {background, std::max_element(pixels.begin(), pixels.end(), weaker)->first};
-}
-
-int differingPixels(const QImage& one, const QImage& other) {
-  const QSize common = one.size().boundedTo(other.size());
-  int count = 0;
-  for (int y = 0; y < common.height(); ++y) {
-    for (int x = 0; x < common.width(); ++x) count += contrast(one.pixel(x, y), other.pixel(x, y)) >= kIcon;
-  }
-  return count;
 }
 
 class Look : public testing::Test {
