@@ -61,6 +61,10 @@ void CameraBarcodeDialog::setTexts() {
   ui->camera_barcode_test_header_label->setText(dialogText(dialog_keys::kCameraBarcodeDialogTitle));
   ui->camera_barcode_test_button_fail->setText(dialogText(dialog_keys::kFail));
   ui->camera_barcode_test_fail_text_label->setText(dialogText(dialog_keys::kCameraFailLabel));
+  // With a buddy the label would take a '&' in its text for a mnemonic and not show it.
+  if (!ui->camera_barcode_test_fail_text_label->text().contains('&')) {
+    ui->camera_barcode_test_fail_text_label->setBuddy(ui->camera_barcode_test_button_fail);
+  }
 }
 
 void CameraBarcodeDialog::fitToScreen() {

@@ -1,12 +1,32 @@
 #include "ui/picture_dialog.h"
 
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMouseEvent>
+#include <QPainter>
+#include <QPalette>
 #include <QPixmap>
 
 #include "ui/dialog_text.h"
 #include "utils/platform/narrator.h"
+
+namespace {
+
+/// In pixels, of each of the two rings.
+constexpr int kRingWidth = 2;
+
+/// Two rings: the outer one differs from the window around it, and one of them from whatever the picture shows.
+void drawFocusRing(QWidget& widget) {
+  const QPalette palette = QGuiApplication::palette();
+  QPainter painter(&widget);
+  for (int inset = 0; inset < 2 * kRingWidth; ++inset) {
+    painter.setPen(palette.color(inset < kRingWidth ? QPalette::Text : QPalette::Base));
+    painter.drawRect(widget.rect().adjusted(inset, inset, -inset - 1, -inset - 1));
+  }
+}
+
+}  // namespace
 
 PictureDialog::PictureDialog(QWidget* parent, QObject* eventFilter, HiddenWidgets hiddenWidgets)
     : InputDialog(parent, eventFilter), hidden(hiddenWidgets) {}
@@ -15,6 +35,9 @@ void PictureDialog::useParts(QWidget* newHeader, QWidget* newCloseButton, QLabel
   header = newHeader;
   closeButton = newCloseButton;
   view = newView;
+  closeButton->setAccessibleName(dialogText(dialog_keys::kClosePopUp));
+  view->setAccessibleName(dialogText(dialog_keys::kCamera));
+  view->installEventFilter(this);
 }
 
 void PictureDialog::prepareForScreenReader(std::initializer_list<QWidget*> readable) {
@@ -45,6 +68,13 @@ bool PictureDialog::event(QEvent* event) {
   // Before the event, which may be the end of the dialog.
   if (dialogResultTarget) *dialogResultTarget = result();
   return InputDialog::event(event);
+}
+
+bool PictureDialog::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::Paint || !view->hasFocus()) return InputDialog::eventFilter(watched, event);
+  watched->event(event);
+  drawFocusRing(*view);
+  return true;
 }
 
 void PictureDialog::keyPressEvent(QKeyEvent* event) {

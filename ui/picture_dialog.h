@@ -27,7 +27,8 @@ class PictureDialog : public InputDialog {
   /// As for InputDialog. `hiddenWidgets` says what the arrow keys do about focusable widgets that are not visible.
   PictureDialog(QWidget* parent, QObject* eventFilter, HiddenWidgets hiddenWidgets);
 
-  /// The widgets that the shared part works with. Call it as soon as they exist; the dialog owns them.
+  /// The widgets that the shared part works with; those without a text get a name for assistive technology. Call it as
+  /// soon as they exist; the dialog owns them.
   void useParts(QWidget* newHeader, QWidget* newCloseButton, QLabel* newView);
   /// Lets the keyboard reach `readable`, the first of which takes the focus, and describes what has no text.
   void prepareForScreenReader(std::initializer_list<QWidget*> readable);
@@ -40,6 +41,8 @@ class PictureDialog : public InputDialog {
   virtual void onEscape() = 0;
 
   bool event(QEvent* event) override;
+  /// Shows the focus on the picture, which covers what a style sheet draws for it.
+  bool eventFilter(QObject* watched, QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;

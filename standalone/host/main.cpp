@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QFont>
-#include <QStyleFactory>
 #include <QTranslator>
 
 #include <algorithm>
@@ -39,8 +38,10 @@ std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv) {
   }
   auto application = std::make_unique<QApplication>(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
-  QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-  QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), 10));
+  QFont font;
+  font.setFamilies({QStringLiteral("DejaVu Sans"), QStringLiteral("Segoe UI")});
+  font.setPointSize(10);
+  QApplication::setFont(font);
   return application;
 }
 

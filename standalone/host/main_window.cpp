@@ -10,7 +10,7 @@
 
 #include "discovery/system_component.h"
 #include "standalone/host/key_texts.h"
-#include "standalone/host/window_frame.h"
+#include "standalone/host/window_look.h"
 
 namespace {
 
@@ -20,11 +20,10 @@ constexpr QSize kSize(900, 720);
 
 MainWindow::MainWindow() {
   setObjectName("host_main_window");
-  auto* frame = new WindowFrame(*this, keyText("APPLICATION_NAME"));
-  auto* layout = new QVBoxLayout;
+  setWindowTitle(keyText("APPLICATION_NAME"));
+  auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(28, 20, 28, 24);
   layout->setSpacing(8);
-  frame->body().addLayout(layout);
 
   cameraName = addLabel(*layout, "host_camera_name");
   properties = new QGridLayout;
@@ -40,11 +39,13 @@ MainWindow::MainWindow() {
   addLabel(*layout, "host_section", tr("Messages"));
   messages = new QListWidget;
   messages->setObjectName("host_messages");
+  messages->setAccessibleName(tr("Messages"));
   messages->setWordWrap(true);
   layout->addWidget(messages, 1);
   verdict = addLabel(*layout, "host_verdict");
   messages->setFocus();
   resize(kSize);
+  new WindowLook(*this);
 }
 
 void MainWindow::showTest(const TestJob& job, const QString& description) {
@@ -59,6 +60,7 @@ void MainWindow::showTest(const TestJob& job, const QString& description) {
     auto* name = new QLabel(keyText(key));
     name->setObjectName("host_property_name");
     auto* text = new QLabel(QString::fromStdString(value));
+    text->setTextFormat(Qt::PlainText);
     text->setTextInteractionFlags(Qt::TextSelectableByMouse);
     properties->addWidget(name, row, 0);
     properties->addWidget(text, row, 1);
@@ -94,6 +96,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 QLabel* MainWindow::addLabel(QVBoxLayout& layout, const char* name, const QString& text) {
   auto* label = new QLabel(text);
   label->setObjectName(name);
+  label->setTextFormat(Qt::PlainText);
   layout.addWidget(label);
   return label;
 }

@@ -1,74 +1,67 @@
 #include "standalone/host/message_dialog.h"
 
-#include <QHBoxLayout>
-#include <QLabel>
+#include <QIcon>
+#include <QKeyEvent>
 #include <QPushButton>
-#include <QVBoxLayout>
 
-#include "standalone/host/window_frame.h"
+#include <utility>
+
+#include "standalone/host/window_look.h"
 #include "ui/input_request.h"
 
 namespace {
 
-constexpr const char* kAnswerProperty = "answer";
-constexpr int kTextWidth = 380;
+// Their blue is seen on white and on the backgrounds of all contrast themes.
+constexpr const char* kQuestionIcon = ":/host_style/images/question.svg";
+constexpr const char* kMessageIcon = ":/host_style/images/info.svg";
+constexpr int kIconSize = 32;
+
+constexpr std::pair<QMessageBox::StandardButton, std::uint32_t> kAnswers[] = {
+    {QMessageBox::Yes, InputRequest::kYes},
+    {QMessageBox::No, InputRequest::kNo},
+    {QMessageBox::Ok, InputRequest::kConfirmed},
+    {QMessageBox::Cancel, MessageDialog::kUnanswered},
+};
 
 }  // namespace
 
 MessageDialog::MessageDialog(Kind kind, const QString& title, const QString& text) {
-  auto* frame = new WindowFrame(*this, title);
+  const bool isQuestion = kind == Kind::kQuestion;
   setWindowFlag(Qt::WindowStaysOnTopHint);
-  setModal(true);
+  setWindowTitle(title);
+  setIconPixmap(QIcon(QLatin1String(isQuestion ? kQuestionIcon : kMessageIcon)).pixmap(kIconSize));
+  setTextFormat(Qt::PlainText);
+  setText(text);
+  // Closing the window and Escape are Cancel: without that button they would be No.
+  setStandardButtons((isQuestion ? Yes | No : StandardButtons(Ok)) | Cancel);
+  if (isQuestion) leaveWithoutDefault();
+  new WindowLook(*this);
+}
 
-  auto* icon = new QLabel;
-  icon->setObjectName(kind == Kind::kQuestion ? "host_message_icon_question" : "host_message_icon_info");
-  auto* label = new QLabel(text);
-  label->setObjectName("host_message_text");
-  label->setWordWrap(true);
-  label->setFixedWidth(kTextWidth);
-  auto* content = new QHBoxLayout;
-  content->setContentsMargins(20, 22, 24, 22);
-  content->setSpacing(16);
-  content->addWidget(icon, 0, Qt::AlignTop);
-  content->addWidget(label, 1);
-  frame->body().addLayout(content, 1);
-
-  auto* footer = new QWidget;
-  footer->setObjectName("host_footer");
-  auto* row = new QHBoxLayout(footer);
-  row->setSpacing(10);
-  row->addStretch();
-  if (kind == Kind::kQuestion) {
-    addButton(*row, tr("Yes"), InputRequest::kYes, true);
-    addButton(*row, tr("No"), InputRequest::kNo, false);
-  } else {
-    addButton(*row, tr("OK"), InputRequest::kConfirmed, true);
-    addButton(*row, tr("Cancel"), kUnanswered, false);
+std::uint32_t MessageDialog::answer() const {
+  for (const auto& [given, value] : kAnswers) {
+    if (clickedButton() && clickedButton() == button(given)) return value;
   }
-  frame->body().addWidget(footer);
-  // Only now does the button have this window, whose focus it takes.
-  buttonFor(kind == Kind::kQuestion ? InputRequest::kYes : InputRequest::kConfirmed)->setFocus();
+  return kUnanswered;
 }
 
 QPushButton* MessageDialog::buttonFor(std::uint32_t answer) const {
-  for (QPushButton* button : findChildren<QPushButton*>()) {
-    const QVariant value = button->property(kAnswerProperty);
-    if (value.isValid() && value.toUInt() == answer) {
-      return button;
-    }
+  for (const auto& [given, value] : kAnswers) {
+    if (value == answer) return qobject_cast<QPushButton*>(button(given));
   }
   return nullptr;
 }
 
-void MessageDialog::addButton(QHBoxLayout& row, const QString& text, std::uint32_t answer, bool isDefault) {
-  auto* button = new QPushButton(text);
-  button->setObjectName(isDefault ? "host_default_button" : "host_button");
-  button->setProperty(kAnswerProperty, answer);
-  button->setDefault(isDefault);
-  button->setCursor(Qt::PointingHandCursor);
-  connect(button, &QPushButton::clicked, this, [this, answer] {
-    givenAnswer = answer;
-    accept();
-  });
-  row.addWidget(button);
+// Without a default button Qt gives Enter to none, also where the user has moved the focus to one.
+void MessageDialog::keyPressEvent(QKeyEvent* event) {
+  const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (auto* focused = qobject_cast<QPushButton*>(focusWidget()); isEnter && focused) return focused->click();
+  QMessageBox::keyPressEvent(event);
+}
+
+void MessageDialog::leaveWithoutDefault() {
+  button(Cancel)->setText(tr("&Cancel the test"));
+  for (QPushButton* button : findChildren<QPushButton*>()) button->setAutoDefault(false);
+  // Space and Enter press the button that has the focus. A text would have it unseen where no style sheet shows it.
+  setFocus();
 }

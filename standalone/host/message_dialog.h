@@ -1,30 +1,30 @@
 #pragma once
 
-#include <QDialog>
+#include <QMessageBox>
 
 #include <cstdint>
 
-class QHBoxLayout;
 class QPushButton;
 
 /// A message of a test that the user confirms, or a question that the user answers. Answers are those of InputRequest.
-class MessageDialog : public QDialog {
+/// Nothing answers a question but its buttons: it has no default, and none of them has the focus as it opens.
+class MessageDialog : public QMessageBox {
   Q_OBJECT
 
  public:
-  /// Of no meaning to a test: the window was closed, or the message refused.
+  /// Of no meaning to a test: the window was closed, or its test cancelled.
   static constexpr std::uint32_t kUnanswered = 0;
 
   enum class Kind { kMessage, kQuestion };
 
+  /// Both texts are plain.
   MessageDialog(Kind kind, const QString& title, const QString& text);
 
-  std::uint32_t answer() const { return givenAnswer; }
+  std::uint32_t answer() const;
   /// The button that gives this answer; null when there is none.
   QPushButton* buttonFor(std::uint32_t answer) const;
 
  private:
-  void addButton(QHBoxLayout& row, const QString& text, std::uint32_t answer, bool isDefault);
-
-  std::uint32_t givenAnswer = kUnanswered;
+  void keyPressEvent(QKeyEvent* event) override;
+  void leaveWithoutDefault();
 };

@@ -1,7 +1,6 @@
 """Acceptance runs of the capture test: the finished DLL, loaded by the host, on virtual cameras, with real windows."""
 
 import os
-import threading
 import unittest
 
 import desktop
@@ -104,26 +103,20 @@ class CaptureAcceptance(unittest.TestCase):
 class UserAcceptance(unittest.TestCase):
     """The tests ask a user, who answers with the keyboard and the mouse."""
 
-    def run_with_user(self, *steps):
-        outcome = []
-        thread = threading.Thread(
-            target=lambda: outcome.append(HostRun([camera()], *CAPTURE, "--answer", "ask", "--timeout", "60")))
-        thread.start()
-        known = set()
-        try:
-            desktop.wait_for_new_window(known)  # the host's own window
-            for step in steps:
-                step(desktop.wait_for_new_window(known))
-        finally:
-            thread.join(90)
-        report, = outcome[0].reports
+    def answered(self, *steps):
+        run = desktop.answer(lambda: HostRun([camera()], *CAPTURE, "--answer", "ask", "--timeout", "60"), *steps)
+        report, = run.reports
+        print("->", report["word"], report["messages"], flush=True)
         return report
 
     def test_keyboard_alone(self):
-        report = self.run_with_user(lambda window: desktop.press("Return"), lambda window: desktop.press("Escape"),
-                                    lambda window: desktop.press("Return"))
-        self.assertEqual((report["result"], report["messages"]), (0, []))
-        self.assertLess(report["seconds"], 20)
+        # Return answers no question.
+        for answer, result, messages in ((("alt+y",), 0, []), (("Return", "Tab", "Tab", "space"), 1,
+                                                               ["CAMERA_RESULT_FAILED", HINT])):
+            with self.subTest(answer):
+                report = self.answered(desktop.keys("Return"), desktop.keys("Escape"), desktop.keys(*answer))
+                self.assertEqual((report["result"], report["messages"]), (result, messages))
+                self.assertLess(report["seconds"], 20)
 
     def test_mouse_drags_and_closes_the_dialog(self):
         places = []
@@ -134,8 +127,7 @@ class UserAcceptance(unittest.TestCase):
             places.append((moved.x - window.x, moved.y - window.y))
             desktop.click(moved.x + moved.width - 24, moved.y + 24)
 
-        report = self.run_with_user(lambda window: desktop.press("Return"), drag_and_close,
-                                    lambda window: desktop.press("Escape"))
+        report = self.answered(desktop.keys("Return"), drag_and_close, desktop.keys("Escape"))
         self.assertEqual(places, [(-60, 40)])
         self.assertEqual((report["result"], report["messages"]), (4, []))
 

@@ -1,6 +1,7 @@
 """A user at the desktop: finds the program's windows and works them with real key and mouse events (xdotool)."""
 
 import subprocess
+import threading
 import time
 
 
@@ -43,8 +44,34 @@ def window_at(number, x, y, seconds=20):
         time.sleep(0.1)
 
 
-def press(key):
-    _xdotool("key", key)
+def press(*keys):
+    _xdotool("key", *keys)
+
+
+def keys(*names):
+    """A step for `answer`: works the window with these keys, and prints which window had the focus for each."""
+    def step(window):
+        for name in names:
+            title = _xdotool("getwindowfocus", "getwindowname").strip()
+            print(f"{title} ({window.width}x{window.height}): {name}", flush=True)
+            press(name)
+            time.sleep(0.3)  # until the program has acted on it
+    return step
+
+
+def answer(run, *steps):
+    """What `run` returns while a user acts: one step for each window that comes up after the first, the host's own."""
+    outcome = []
+    thread = threading.Thread(target=lambda: outcome.append(run()))
+    thread.start()
+    known = set()
+    try:
+        wait_for_new_window(known)
+        for step in steps:
+            step(wait_for_new_window(known))
+    finally:
+        thread.join(90)
+    return outcome[0]
 
 
 def click(x, y):

@@ -2,12 +2,12 @@
 
 #include <algorithm>
 #include <cstring>
-#include <functional>
 #include <memory>
 #include <utility>
 
 #include <gtest/gtest.h>
 
+#include "standalone/virtual_camera/media_source/event_generator.h"
 #include "unit_tests/fakes/fake_com_object.h"
 #include "unit_tests/fakes/substitute_import.h"
 
@@ -24,12 +24,8 @@ HRESULT answer(const std::string& call) {
   return fails(call) ? E_FAIL : S_OK;
 }
 
-class FakeSource : public FakeComObject<IMFMediaSource> {
+class FakeSource : public FakeComObject<EventGenerator<IMFMediaSource>, IMFMediaSource> {
  public:
-  STDMETHODIMP GetEvent(DWORD, IMFMediaEvent**) override { return E_NOTIMPL; }
-  STDMETHODIMP BeginGetEvent(IMFAsyncCallback*, IUnknown*) override { return E_NOTIMPL; }
-  STDMETHODIMP EndGetEvent(IMFAsyncResult*, IMFMediaEvent**) override { return E_NOTIMPL; }
-  STDMETHODIMP QueueEvent(MediaEventType, REFGUID, HRESULT, const PROPVARIANT*) override { return E_NOTIMPL; }
   STDMETHODIMP GetCharacteristics(DWORD*) override { return E_NOTIMPL; }
   STDMETHODIMP CreatePresentationDescriptor(IMFPresentationDescriptor**) override { return E_NOTIMPL; }
   STDMETHODIMP Start(IMFPresentationDescriptor*, const GUID*, const PROPVARIANT*) override { return E_NOTIMPL; }
@@ -126,13 +122,6 @@ class FakeBuffer : public FakeComObject<IMFMediaBuffer> {
   std::function<HRESULT()> locking;
   bool locked = false;
 };
-
-ComPtr<IMFSample> sampleOf(const std::vector<std::uint8_t>& bytes, HRESULT length, std::function<HRESULT()> lock) {
-  ComPtr<IMFSample> sample;
-  MFCreateSample(&sample);
-  sample->AddBuffer(ComPtr<IMFMediaBuffer>(new FakeBuffer(bytes, length, std::move(lock))).Get());
-  return sample;
-}
 
 HDEVNOTIFY WINAPI registerNotification(HANDLE window, void* filter, DWORD flags) {
   const auto* wanted = static_cast<const DEV_BROADCAST_DEVICEINTERFACE_W*>(filter);
@@ -243,23 +232,10 @@ void resetScriptedCapture() {
   script = std::make_unique<ScriptedCapture>();
 }
 
-ComPtr<IMFSample> makeSample(const std::vector<std::uint8_t>& bytes) {
-  return sampleOf(bytes, S_OK, [] { return S_OK; });
-}
-
-ComPtr<IMFSample> makeGatedSample(Gate& gate) {
-  return sampleOf({0, 0, 0, 0}, S_OK, [&gate] {
-    gate.reached.release();
-    gate.open.acquire();
-    return S_OK;
-  });
-}
-
-ComPtr<IMFSample> makeFaultySample(BufferFault fault) {
-  ComPtr<IMFSample> sample =
-      sampleOf(std::vector<std::uint8_t>(8), fault == BufferFault::kGetLength ? MF_E_INVALIDREQUEST : S_OK,
-               [] { return E_FAIL; });
-  if (fault == BufferFault::kGetBuffer) sample->RemoveAllBuffers();
+ComPtr<IMFSample> makeSample(const std::vector<std::uint8_t>& bytes, std::function<HRESULT()> lock, HRESULT length) {
+  ComPtr<IMFSample> sample;
+  MFCreateSample(&sample);
+  sample->AddBuffer(ComPtr<IMFMediaBuffer>(new FakeBuffer(bytes, length, std::move(lock))).Get());
   return sample;
 }
 

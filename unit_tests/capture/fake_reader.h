@@ -8,10 +8,9 @@
 #include <mfreadwrite.h>
 #include <wrl/client.h>
 
-#include <QSemaphore>
-
 #include <atomic>
 #include <cstdint>
+#include <functional>
 #include <mutex>
 #include <optional>
 #include <set>
@@ -48,20 +47,10 @@ struct ScriptedCapture {
 ScriptedCapture& scriptedCapture();
 void resetScriptedCapture();
 
-/// A sample with these bytes.
-Microsoft::WRL::ComPtr<IMFSample> makeSample(const std::vector<std::uint8_t>& bytes);
-
-/// A sample whose buffer is locked when the gate lets it: `reached` is released as the callback comes to it, and the
-/// callback goes on when `open` is.
-struct Gate {
-  QSemaphore reached;
-  QSemaphore open;
-};
-Microsoft::WRL::ComPtr<IMFSample> makeGatedSample(Gate& gate);
-
-/// Which call on a sample's buffer fails.
-enum class BufferFault { kGetBuffer, kGetLength, kLock };
-Microsoft::WRL::ComPtr<IMFSample> makeFaultySample(BufferFault fault);
+/// A sample with these bytes in a buffer that tells its length with the status `length` and is locked with that of
+/// `lock`.
+Microsoft::WRL::ComPtr<IMFSample> makeSample(
+    const std::vector<std::uint8_t>& bytes, std::function<HRESULT()> lock = [] { return S_OK; }, HRESULT length = S_OK);
 
 /// Sends a device broadcast to the removal watcher's window.
 void broadcast(WPARAM event, const std::wstring& name, DWORD type = DBT_DEVTYP_DEVICEINTERFACE);

@@ -40,6 +40,9 @@ class CameraComponentManagerTest : public CameraFixture {
 TEST_F(CameraComponentManagerTest, AComponentDescribesItsCamera) {
   CameraInfo info{"path", "Cam", "Acme", "Description", "Hardware", "Class", "Driver", "", CameraType::kUsb};
   WinCameraComponent usb(info, 0);
+  EXPECT_EQ(usb.getCameraInfo().devicePath, "path");
+  EXPECT_EQ(usb.hostObjectAtPlace5(), nullptr);
+  EXPECT_TRUE(usb.hostFlagAtPlace6() && usb.hostFlagAtPlace7() && usb.hostFlagAtPlace9());
   EXPECT_EQ(usb.getDescription().name, "Cam");
   EXPECT_THAT(usb.getDescription().properties,
               ElementsAre(Pair("UDI", "id of Cam_0"), Pair("CAMERA_DESCRIPTION", "Description"),

@@ -15,10 +15,8 @@ using testing::IsEmpty;
 
 using Outstanding = std::map<std::string, int>;
 
-std::vector<std::string> names(const std::vector<CameraInfo>& cameras) {
-  std::vector<std::string> result;
-  for (const CameraInfo& camera : cameras) result.push_back(camera.name);
-  return result;
+auto named(const char* name) {
+  return testing::Field(&CameraInfo::name, name);
 }
 
 class WinCameraScannerTest : public CameraFixture {
@@ -26,9 +24,8 @@ class WinCameraScannerTest : public CameraFixture {
   /// The only camera of a scan.
   CameraInfo onlyCamera() {
     EXPECT_EQ(scanner.scan(), 0u);
-    const auto cameras = scanner.getCameras();
-    EXPECT_EQ(cameras.size(), 1u);
-    return cameras.empty() ? CameraInfo() : cameras.front();
+    EXPECT_THAT(scanner.getCameras(), testing::SizeIs(1));
+    return scanner.getCameras().at(0);
   }
 
   WinCameraScanner scanner;
@@ -80,11 +77,11 @@ TEST_F(WinCameraScannerTest, PutsTheBatchOfTheLastSearchFirst) {
   scriptedSetupApi().devices.back().interfaces.push_back({kCaptureInterface, L"\\\\?\\usb#I", {}});
 
   EXPECT_EQ(scanner.scan(), 0u);
-  EXPECT_THAT(names(scanner.getCameras()),
-              ElementsAre("Name of MEDIA", "Name of IMAGE", "Name of IMAGE", "Name of CAMERA\\A", "Name of CAMERA\\B"));
+  EXPECT_THAT(scanner.getCameras(), ElementsAre(named("Name of MEDIA"), named("Name of IMAGE"), named("Name of IMAGE"),
+                                                named("Name of CAMERA\\A"), named("Name of CAMERA\\B")));
   EXPECT_EQ(scanner.getCameras()[1].devicePath, "\\\\?\\usb#I");
   const auto& openings = scriptedSetupApi().openings;
-  ASSERT_EQ(openings.size(), 6u);
+  EXPECT_EQ(openings.size(), 6u);
   for (std::size_t index = 0; index < openings.size(); ++index) {
     EXPECT_EQ(openings[index].flags, 18u);
     EXPECT_EQ(openings[index].devicesClass, index % 2 == 0 ? kVideoCameraInterface : kCaptureInterface);
@@ -219,7 +216,7 @@ TEST_F(ScanFaultTest, EverySystemCallInTurnFailsOnce) {
       }
 
       EXPECT_EQ(subject.scan(), 0u) << "the next scan is sound";
-      EXPECT_THAT(names(subject.getCameras()), ElementsAre("Pin", "Name of A"));
+      EXPECT_THAT(subject.getCameras(), ElementsAre(named("Pin"), named("Name of A")));
     }
     Outstanding outstanding = systemScript().outstanding();
     outstanding.erase("link text");

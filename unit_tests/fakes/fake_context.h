@@ -7,7 +7,6 @@
 #include <functional>
 #include <string>
 #include <utility>
-#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -16,19 +15,9 @@
 #include "module/test_execution_context.h"
 #include "ui/input_request.h"
 
-/// One thing that a test told its host: a progress's percentage and text, or -1 and a message's key.
-using Told = std::pair<int, std::string>;
-
-inline Told progress(int percent, std::string text = {}) {
-  return {percent, std::move(text)};
-}
-inline Told message(std::string key) {
-  return {-1, std::move(key)};
-}
-/// Both halves of a final report, in their order.
-#define FINAL_REPORT(key) progress(100, key), message(key)
-
-/// A host that writes down what a test tells it, in order, and answers requests as the test case says.
+/// A host that writes down what a test tells it, each with a blank before it: a message's key, or a progress's
+/// percentage and, behind a colon, its text, or a request's second text behind a question mark. Answers requests as the
+/// test case says.
 class FakeContext : public TestExecutionContext, public MessageList, public ProgressReporter, public EventSource {
  public:
   SystemComponent* getComponent() override {
@@ -40,12 +29,14 @@ class FakeContext : public TestExecutionContext, public MessageList, public Prog
   EventSource* getEventSource() override { return called(withEventSource ? this : nullptr); }
   bool isCancelled() override { return called(cancelled); }
 
-  void add(std::string key, std::uint64_t, std::uint64_t) override { told.push_back(called(message(std::move(key)))); }
-  void report(int percent, const std::string& text) override { told.push_back(called(progress(percent, text))); }
+  void add(std::string key, std::uint64_t, std::uint64_t) override { told += called(' ' + key); }
+  void report(int percent, const std::string& text) override {
+    told += called(' ' + std::to_string(percent) + (text.empty() ? "" : ':' + text));
+  }
   bool isReady() override { return called(ready); }
   std::uint32_t getEvent() override { return called(event); }
   void submit(InputRequest* request) override {
-    requests.push_back(called(request->secondText));
+    told += called(" ?" + request->secondText);
     if (onSubmit) onSubmit(*request);
     called(0);
   }
@@ -61,8 +52,7 @@ class FakeContext : public TestExecutionContext, public MessageList, public Prog
   std::function<void()> onCall;
   std::function<void(InputRequest&)> onSubmit;
   int componentQueries = 0;
-  std::vector<Told> told;
-  std::vector<std::string> requests;
+  std::string told;
 
  private:
   template <class Value>
@@ -72,13 +62,14 @@ class FakeContext : public TestExecutionContext, public MessageList, public Prog
   }
 };
 
-/// A capturer that delivers one frame again and again, and writes down in the host's list when it starts and stops.
+/// A capturer that delivers one frame again and again, and writes down among what the host is told when it starts and
+/// stops.
 class FakeCapturer : public CameraFrameCapturer {
  public:
-  explicit FakeCapturer(std::vector<Told>& list) : told(list) {}
+  explicit FakeCapturer(std::string& list) : told(list) {}
 
   CaptureStatus start() override {
-    told.push_back(message("(started)"));
+    told += " (started)";
     if (onCall) onCall();
     return startStatus;
   }
@@ -93,7 +84,7 @@ class FakeCapturer : public CameraFrameCapturer {
     return CaptureOk;
   }
   CaptureStatus stop() override {
-    told.push_back(message("(stopped)"));
+    told += " (stopped)";
     if (onCall) onCall();
     return CaptureOk;
   }
@@ -114,12 +105,12 @@ class FakeCapturer : public CameraFrameCapturer {
   std::function<CaptureStatus()> onFrame;
 
  private:
-  std::vector<Told>& told;
+  std::string& told;
 };
 
 class FakeCamera : public CameraComponent {
  public:
-  explicit FakeCamera(std::vector<Told>& told) : CameraComponent(CameraInfo()), capturer(told) {}
+  explicit FakeCamera(std::string& told) : CameraComponent(CameraInfo()), capturer(told) {}
   CameraFrameCapturer* getFrameCapturer() override { return &capturer; }
 
   FakeCapturer capturer;

@@ -1,15 +1,23 @@
 #include "unit_tests/fakes/fake_platform.h"
 
 #include <QAbstractEventDispatcher>
+#include <QApplication>
+#include <QDir>
 #include <QLibrary>
+#include <QWidget>
 
 #include "utils/event_filters/high_contrast_event_filter.h"
+#include "utils/platform/folder_path.h"
 #include "utils/platform/monitor_dpi.h"
 #include "utils/platform/narrator.h"
 
 #ifdef _WIN32
 #include <windows.h>
+#include <knownfolders.h>
+#include <shlobj.h>
 
+#include <cstring>
+#include <string>
 #include <string_view>
 
 #include "unit_tests/fakes/substitute_import.h"
@@ -23,7 +31,7 @@ FakePlatform& fakePlatform() {
 QColor fakeSystemColor(int number) {
   const int part = fakePlatform().shade + number;
   // Three different parts, so that exchanged ones show.
-  return QColor(part, part + 40, part + 80);
+  return fakePlatform().theme.value(number, QColor(part, part + 40, part + 80));
 }
 
 #ifdef _WIN32
@@ -100,6 +108,17 @@ SUBSTITUTE_IMPORT(EnumDisplayMonitors, eachMonitor);
 SUBSTITUTE_IMPORT(GetMonitorInfoW, monitorInfo);
 SUBSTITUTE_IMPORT(GetProcAddress, procedure);
 
+// Not declared as an import: the function itself is replaced.
+HRESULT WINAPI SHGetKnownFolderPath(REFKNOWNFOLDERID id, DWORD, HANDLE, wchar_t** path) {
+  const std::wstring folder = QDir::toNativeSeparators(fakePlatform().programData).toStdWString();
+  *path = nullptr;
+  if (id != FOLDERID_ProgramData || folder.empty()) return E_FAIL;
+  const std::size_t size = (folder.size() + 1) * sizeof(wchar_t);
+  *path = static_cast<wchar_t*>(CoTaskMemAlloc(size));
+  std::memcpy(*path, folder.c_str(), size);
+  return S_OK;
+}
+
 #else
 
 bool vexa::utils::platform::IsNarratorRunning() {
@@ -110,6 +129,11 @@ bool vexa::utils::platform::QueryMonitorDpi(int) {
   if (fakePlatform().monitorDpi == 0) return false;
   lastMonitorDpi = fakePlatform().monitorDpi;
   return true;
+}
+
+std::wstring vexa::utils::platform::GetFolderPath(int kind) {
+  const QString& folder = fakePlatform().programData;
+  return folder.isEmpty() ? std::wstring() : (folder + QStringLiteral("/%1").arg(kind)).toStdWString();
 }
 
 namespace vexa::utils::event_filters {
@@ -143,4 +167,14 @@ bool sendNativeMessage(const QByteArray& eventType, std::uint32_t number) {
 #endif
   qintptr result = 0;
   return QAbstractEventDispatcher::instance()->filterNativeEvent(eventType, &message, &result);
+}
+
+void sendToWindows(std::uint32_t number) {
+#ifdef _WIN32
+  for (const QWidget* const window : QApplication::topLevelWidgets()) {
+    if (window->isVisible()) SendMessageW(reinterpret_cast<HWND>(window->winId()), number, 0, 0);
+  }
+#else
+  sendNativeMessage("windows_generic_MSG", number);
+#endif
 }

@@ -2,7 +2,8 @@
 
 #include <QByteArray>
 #include <QColor>
-#include <QList>
+#include <QHash>
+#include <QString>
 
 #include <cstdint>
 
@@ -16,8 +17,12 @@ struct FakePlatform {
   std::int32_t monitorDpi = 0;
   /// What the process told Windows of its awareness; -1 for nothing.
   int dpiAwareness = -1;
-  /// What all system colours are made of: the colour numbered k is shade + k in each part.
+  /// What the system colours are made of that the theme does not set: the colour numbered k is shade + k in each part.
   int shade = 0;
+  /// Colours by their numbers.
+  QHash<int, QColor> theme = {};
+  /// The folder for the programs' common data; without one Windows does not say where it is.
+  QString programData = {};
 };
 
 /// The one scripted platform; reset it at the start of a test.
@@ -28,3 +33,6 @@ QColor fakeSystemColor(int number);
 
 /// Sends a native message through the application's filters, as Qt's event dispatcher does; whether one took it.
 bool sendNativeMessage(const QByteArray& eventType, std::uint32_t number);
+
+/// Sends a message to all open windows, on Windows through the system.
+void sendToWindows(std::uint32_t number);

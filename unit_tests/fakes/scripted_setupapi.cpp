@@ -60,7 +60,7 @@ const ScriptedDevice& deviceOf(const SP_DEVINFO_DATA& data) {
 }
 
 const ScriptedInterface& interfaceOf(const SP_DEVICE_INTERFACE_DATA& data) {
-  return scriptedSetupApi().devices.at(data.Reserved >> 8).interfaces.at(data.Reserved & 0xFF);
+  return *reinterpret_cast<const ScriptedInterface*>(data.Reserved);
 }
 
 HDEVINFO WINAPI getClassDevs(const GUID* devicesClass, PCWSTR, HWND, DWORD flags) {
@@ -98,25 +98,19 @@ BOOL WINAPI enumDeviceInfo(HDEVINFO set, DWORD index, PSP_DEVINFO_DATA data) {
 
 BOOL WINAPI getDeviceInstanceId(HDEVINFO set, PSP_DEVINFO_DATA data, PWSTR buffer, DWORD size, PDWORD required) {
   if (!accepts("SetupDiGetDeviceInstanceIdW", set, data)) return FALSE;
-  const ScriptedDevice& device = deviceOf(*data);
+  const std::wstring& id = deviceOf(*data).instanceId;
   // This one counts in characters.
-  const std::size_t length = device.instanceId.size() + 1;
-  DWORD bytes = 0;
-  const BOOL done =
-      deliver(device.instanceId.c_str(), length * sizeof(wchar_t), buffer, std::size_t{size} * sizeof(wchar_t), &bytes);
-  if (required) *required = static_cast<DWORD>(length);
-  return done;
+  if (required) *required = static_cast<DWORD>(id.size() + 1);
+  return deliver(id.c_str(), (id.size() + 1) * sizeof(wchar_t), buffer, std::size_t{size} * sizeof(wchar_t), nullptr);
 }
 
 BOOL WINAPI enumDeviceInterfaces(HDEVINFO set, PSP_DEVINFO_DATA data, const GUID* interfaceClass, DWORD index,
                                  PSP_DEVICE_INTERFACE_DATA found) {
   if (!accepts("SetupDiEnumDeviceInterfaces", set, data)) return FALSE;
-  const ScriptedDevice& device = deviceOf(*data);
   if (found->cbSize != 32) return failWith(ERROR_INVALID_USER_BUFFER);
-  for (std::size_t position = 0; position < device.interfaces.size(); ++position) {
-    if (device.interfaces[position].interfaceClass != *interfaceClass || index-- != 0) continue;
-    found->InterfaceClassGuid = *interfaceClass;
-    found->Reserved = (std::size_t{data->DevInst - 1} << 8) | position;
+  for (const ScriptedInterface& entry : deviceOf(*data).interfaces) {
+    if (entry.interfaceClass != *interfaceClass || index-- != 0) continue;
+    found->Reserved = reinterpret_cast<ULONG_PTR>(&entry);
     return TRUE;
   }
   return failWith(ERROR_NO_MORE_ITEMS);

@@ -5,10 +5,8 @@
 #include <QPushButton>
 
 #include <functional>
-#include <initializer_list>
 #include <memory>
 #include <string>
-#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -19,11 +17,9 @@
 #include "unit_tests/fakes/fake_context.h"
 #include "unit_tests/fakes/fake_host_services.h"
 
-/// One list of reports after another.
-inline std::vector<Told> joined(std::initializer_list<std::vector<Told>> lists) {
-  std::vector<Told> all;
-  for (const std::vector<Told>& list : lists) all.insert(all.end(), list.begin(), list.end());
-  return all;
+/// Both halves of a final report, in their order.
+inline std::string finalReport(const std::string& key) {
+  return " 100:" + key + " " + key;
 }
 
 /// What the tests of both camera tests share: one of them, a camera with a scripted capturer, a host that confirms and
@@ -48,13 +44,10 @@ class CameraTestFixture : public testing::Test {
     context.told.clear();
     return test->run(&context);
   }
-  [[nodiscard]] std::vector<Told> untilStartAnd(const std::vector<Told>& more) const {
-    if (!isCapture) return joined({{progress(0), progress(30), message("(started)")}, more});
-    return joined({{progress(0), progress(1), progress(30), message("(started)")}, more});
+  [[nodiscard]] std::string untilStart() const {
+    return isCapture ? " 0 1 ?INITIAL_MESSAGE 30 (started)" : " 0 30 (started)";
   }
-  [[nodiscard]] std::vector<Told> untilPictureAnd(const std::vector<Told>& more) const {
-    return joined({untilStartAnd({progress(50), progress(50)}), more});
-  }
+  [[nodiscard]] std::string untilPicture() const { return untilStart() + " 50 50 ?"; }
 
   /// The codes of codes.json by their places.
   static QImage code(int place) {

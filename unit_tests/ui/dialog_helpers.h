@@ -24,6 +24,9 @@
 
 // What the tests of the dialogs share.
 
+/// A host's event filter that lets everything pass.
+inline QObject hostFilter;
+
 /// The open dialog of a class; null when there is none.
 template <class Dialog>
 Dialog* openDialog() {
@@ -33,6 +36,22 @@ Dialog* openDialog() {
   return nullptr;
 }
 
+template <class Dialog>
+std::unique_ptr<Dialog> dialogWithPicture() {
+  auto dialog = std::make_unique<Dialog>(nullptr, &hostFilter);
+  QImage frame(640, 480, QImage::Format_RGB32);
+  frame.fill(Qt::darkGray);
+  dialog->LoadFrame(frame);
+  return dialog;
+}
+
+/// Shows a window and makes it the active one, so that its widgets can have the focus.
+inline void activate(QWidget& window) {
+  window.show();
+  QApplication::setActiveWindow(&window);
+  QTest::qWait(20);
+}
+
 /// Presses a key as the keyboard does: the focused widget gets it, and what that leaves goes on to the dialog.
 inline void pressKey(QWidget& dialog, int key) {
   QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
@@ -40,20 +59,18 @@ inline void pressKey(QWidget& dialog, int key) {
 }
 
 /// Signatures of the signals and slots that a class adds, in order.
-inline std::vector<std::string> ownMethods(const QMetaObject& meta) {
-  std::vector<std::string> signatures;
-  for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
-    signatures.push_back(meta.method(i).methodSignature().toStdString());
-  }
-  return signatures;
+inline std::string ownMethods(const QMetaObject& meta) {
+  QByteArrayList signatures;
+  for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) signatures += meta.method(i).methodSignature();
+  return signatures.join(' ').toStdString();
 }
 
-/// Translates a key into itself with a mark, and only in the context of the dialogs.
+/// Translates a key into itself with marks that must not act, and only in the context of the dialogs.
 class MarkingTranslator : public QTranslator {
  public:
   MarkingTranslator() { QCoreApplication::installTranslator(this); }
   QString translate(const char* context, const char* key, const char*, int) const override {
-    return QLatin1String(context) == QLatin1String("CAMERA") ? QStringLiteral("<%1>").arg(QLatin1String(key))
+    return QLatin1String(context) == QLatin1String("CAMERA") ? QStringLiteral("<%1&>").arg(QLatin1String(key))
                                                              : QString();
   }
   bool isEmpty() const override { return false; }
@@ -87,11 +104,18 @@ class DialogTest : public testing::Test {
     dialog->resultTarget = &result;
     return *dialog;
   }
-  /// Shows a new dialog and makes it the active window, so that its widgets can have the focus.
-  void activate() {
-    create().show();
-    QApplication::setActiveWindow(dialog.get());
-    QTest::qWait(20);
+  void activate() { ::activate(create()); }
+  /// Opens a new dialog, which must be closed with `answer` after `act`.
+  void expectAnswer(int answer, const std::function<void()>& act) {
+    result = 0;
+    activate();
+    int closing = 0;
+    QObject::connect(dialog.get(), &Dialog::closing, [&] { ++closing; });
+    act();
+    EXPECT_FALSE(dialog->isVisible());
+    EXPECT_EQ(result, answer);
+    EXPECT_EQ(dialog->result(), answer);
+    EXPECT_GE(closing, 1);
   }
   template <class Widget = QWidget>
   Widget* part(const char* name) const {
@@ -101,18 +125,7 @@ class DialogTest : public testing::Test {
     const QWidget* const widget = dialog->focusWidget();
     return widget ? widget->objectName().remove(QLatin1String(kPrefix)).toStdString() : "";
   }
-  /// Presses the key from the header's label on until the focus is back there, and returns where it was.
-  std::vector<std::string> walk(int key) {
-    part("header_label")->setFocus();
-    std::vector<std::string> names;
-    do {
-      pressKey(*dialog, key);
-      names.push_back(focused());
-    } while (names.size() < 20 && names.back() != "header_label");
-    return names;
-  }
 
-  QObject hostFilter;
   DialogResult result{0};
   std::unique_ptr<Dialog> dialog;
 };

@@ -7,31 +7,9 @@
 
 namespace {
 
-QStringList debugLines;
-QtMessageHandler otherLines = nullptr;
-
-void keepDebugLines(QtMsgType type, const QMessageLogContext& context, const QString& text) {
-  if (type == QtDebugMsg) {
-    debugLines.append(text);
-  } else {
-    otherLines(type, context, text);
-  }
-}
-
-class InputDialogTest : public testing::Test {
- protected:
-  void SetUp() override {
-    fakePlatform() = {};
-    debugLines.clear();
-    otherLines = qInstallMessageHandler(keepDebugLines);
-  }
-  void TearDown() override { qInstallMessageHandler(otherLines); }
-
+TEST(InputDialogTest, IsATopLevelWindowWithTheHostsFilter) {
   int shown = 0;
-  ShowObserver filter{[this](const QWidget&) { ++shown; }};
-};
-
-TEST_F(InputDialogTest, IsATopLevelWindowWithTheHostsFilter) {
+  ShowObserver filter([&](const QWidget&) { ++shown; });
   QWidget parent;
   InputDialog dialog(&parent, &filter);
   EXPECT_EQ(dialog.parent(), nullptr);
@@ -40,12 +18,12 @@ TEST_F(InputDialogTest, IsATopLevelWindowWithTheHostsFilter) {
   EXPECT_EQ(dialog.windowModality(), Qt::WindowModal);
   dialog.show();
   EXPECT_EQ(shown, 1);
-  EXPECT_THAT(ownMethods(InputDialog::staticMetaObject), testing::IsEmpty());
+  EXPECT_EQ(ownMethods(InputDialog::staticMetaObject), "");
 }
 
-TEST_F(InputDialogTest, AcceptingAndRejectingKeepTheResult) {
+TEST(InputDialogTest, AcceptingAndRejectingKeepTheResult) {
   for (void (QDialog::*const finish)() : {&QDialog::accept, &QDialog::reject}) {
-    InputDialog dialog(nullptr, &filter);
+    InputDialog dialog(nullptr, &hostFilter);
     std::vector<int> finished;
     QObject::connect(&dialog, &QDialog::finished, [&](int code) { finished.push_back(code); });
     dialog.show();
@@ -55,16 +33,21 @@ TEST_F(InputDialogTest, AcceptingAndRejectingKeepTheResult) {
   }
 }
 
-TEST_F(InputDialogTest, ExecReturnsWhatTheDialogFinishedWith) {
-  CameraDialog dialog(nullptr, &filter);
+TEST(InputDialogTest, ExecReturnsWhatTheDialogFinishedWith) {
+  CameraDialog dialog(nullptr, &hostFilter);
   QTimer::singleShot(0, &dialog, &CameraDialog::Close);
+  static QStringList lines;
+  const auto former = qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& text) {
+    if (type == QtDebugMsg) lines += text;
+  });
   EXPECT_EQ(dialog.exec(), 5);
-  EXPECT_EQ(debugLines, QStringList({"Before show:  0", "Before loop:  0", "After the event loop:  5"}));
+  qInstallMessageHandler(former);
+  EXPECT_EQ(lines, QStringList({"Before show:  0", "Before loop:  0", "After the event loop:  5"}));
 }
 
-TEST_F(InputDialogTest, ExecEndsWithinASecondOfTheTestsCancellation) {
+TEST(InputDialogTest, ExecEndsWithinASecondOfTheTestsCancellation) {
   FakeContext context;
-  InputDialog dialog(nullptr, &filter);
+  InputDialog dialog(nullptr, &hostFilter);
   dialog.context = &context;
   dialog.setResult(2);
   bool late = false;
@@ -78,15 +61,15 @@ TEST_F(InputDialogTest, ExecEndsWithinASecondOfTheTestsCancellation) {
   EXPECT_TRUE(dialog.isVisible()) << "finished, not closed";
 }
 
-TEST_F(InputDialogTest, ExecOutlivesItsDialog) {
-  auto* closed = new CameraDialog(nullptr, &filter);
+TEST(InputDialogTest, ExecOutlivesItsDialog) {
+  auto* closed = new CameraDialog(nullptr, &hostFilter);
   closed->setAttribute(Qt::WA_DeleteOnClose);
   // Deleted before the loop looks at it again.
   QObject::connect(closed, &QDialog::finished, [closed] { QTimer::singleShot(0, [closed] { delete closed; }); });
   QTimer::singleShot(0, closed, &QWidget::close);
   EXPECT_EQ(closed->exec(), 5);
 
-  auto* deleted = new InputDialog(nullptr, &filter);
+  auto* deleted = new InputDialog(nullptr, &hostFilter);
   QTimer::singleShot(0, [deleted] { delete deleted; });
   EXPECT_EQ(deleted->exec(), 0);
 }

@@ -5,9 +5,11 @@
 #include <QTimer>
 
 #include <chrono>
+#include <memory>
 
 #include "module/style_manager.h"
 #include "utils/accessibility/high_contrast_style.h"
+#include "utils/accessibility/recolored_icons.h"
 #include "utils/event_filters/high_contrast_event_filter.h"
 
 namespace vexa::utils::accessibility {
@@ -23,7 +25,7 @@ AccessibleDialogBase::AccessibleDialogBase(QWidget* parent)
   setAttribute(Qt::WA_TranslucentBackground);
   setStyleSheet(style_manager::StyleManager::instance().Stylesheet());
   normalStyleSheet = styleSheet();
-  if (highContrastFilter->IsHighContrastOn()) applyHighContrastStyle();
+  if (highContrastFilter->IsHighContrastOn()) applyStyle();
 }
 
 // The filter takes itself off the application when it goes.
@@ -32,13 +34,7 @@ AccessibleDialogBase::~AccessibleDialogBase() {
 }
 
 void AccessibleDialogBase::OnThemeChanged() {
-  QTimer::singleShot(std::chrono::milliseconds(100), this, [this] {
-    if (highContrastFilter->IsHighContrastOn()) {
-      applyHighContrastStyle();
-    } else {
-      setStyleSheet(normalStyleSheet);
-    }
-  });
+  QTimer::singleShot(std::chrono::milliseconds(100), this, [this] { applyStyle(); });
 }
 
 QAccessibleInterface* AccessibleDialogBase::accessibleInterface() {
@@ -46,9 +42,15 @@ QAccessibleInterface* AccessibleDialogBase::accessibleInterface() {
   return shared;
 }
 
-void AccessibleDialogBase::applyHighContrastStyle() {
-  systemColors = highContrastFilter->ReadSystemColors();
-  setStyleSheet(highContrastStyleSheet(systemColors));
+void AccessibleDialogBase::applyStyle() {
+  // Needed as long as the style that names them.
+  const std::unique_ptr<QObject> formerIcons(findChild<RecoloredIcons*>(QString(), Qt::FindDirectChildrenOnly));
+  if (highContrastFilter->IsHighContrastOn()) {
+    systemColors = highContrastFilter->ReadSystemColors();
+    setStyleSheet(highContrastStyleSheet(normalStyleSheet, systemColors, *new RecoloredIcons(this)));
+  } else {
+    setStyleSheet(normalStyleSheet);
+  }
 }
 
 }  // namespace vexa::utils::accessibility

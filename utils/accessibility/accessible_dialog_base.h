@@ -32,7 +32,8 @@ class AccessibleDialogBase : public QDialog {
   void OnThemeChanged();
 
  private:
-  void applyHighContrastStyle();
+  /// The host's style, or high contrast in the colours that Windows has now.
+  void applyStyle();
 
   /// Owned, and at the same time a child of this dialog.
   event_filters::HighContrastEventFilter* highContrastFilter;

@@ -16,8 +16,10 @@ class HighContrastEventFilter : public QObject, public QAbstractNativeEventFilte
 
  public:
   explicit HighContrastEventFilter(QObject* parent);
+  ~HighContrastEventFilter() override;
 
-  /// Answers true, so that nobody else handles the message, only for WM_THEMECHANGED in a "windows_generic_MSG".
+  /// Answers true, so that nobody else handles the message, only for WM_THEMECHANGED in a "windows_generic_MSG"; all
+  /// filters then emit ThemeChanged.
   bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
 
   /// Whether the user has high contrast switched on; false when Windows does not say.

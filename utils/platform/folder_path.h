@@ -5,8 +5,11 @@
 namespace vexa::utils::platform {
 
 /// Who may do what in a folder that the module's family creates: everything for the system and administrators, reading
-/// and executing for users, inherited by files and subfolders. This module creates no folder and applies it nowhere.
+/// and executing for users, inherited by files and subfolders. This module applies it nowhere.
 inline constexpr wchar_t kFolderSecurityDescriptor[] = L"D:(A;OICI;FA;;;SY)(A;OICI;FA;;;BA)(A;OICI;0x1200a9;;;BU)";
+
+/// The kind of the folder for files that live no longer than what uses them.
+inline constexpr int kTemporaryFolder = 4;
 
 /// The module's folders by kind. DATA is the folder "Quillon" below the machine's ProgramData folder, CURRENT the
 /// current directory, USER the name of the signed-in user.
@@ -18,7 +21,7 @@ inline constexpr wchar_t kFolderSecurityDescriptor[] = L"D:(A;OICI;FA;;;SY)(A;OI
 ///   4  DATA\temp                        10  DATA\logs_tools\USER
 ///   5  DATA\logs_tools
 ///
-/// Carried for the module family: nothing in this module asks for a folder at present.
+/// This module itself asks for kTemporaryFolder alone.
 /// The path ends without a separator; the folder need not exist. Any other kind, and one whose base the system does not
 /// yield, gives an empty path; a user whose name cannot be had gets the shared folder.
 [[nodiscard]] std::wstring GetFolderPath(int kind);
