@@ -164,6 +164,8 @@ class AccessibilityTest : public testing::TestWithParam<std::tuple<Window, bool,
     EXPECT_NE(holds, excepted) << name.toStdString() << ": " << rule << (excepted ? " needs no exception" : "");
   }
 
+  // Outlives the window, whose icons lie in it.
+  const QTemporaryDir folder;
   std::unique_ptr<QWidget> window;
   /// The window and all that is visible in it; Qt's.
   std::vector<QAccessibleInterface*> elements;
@@ -171,7 +173,6 @@ class AccessibilityTest : public testing::TestWithParam<std::tuple<Window, bool,
 
 TEST_P(AccessibilityTest, EverythingIsNamedAndReachedAndShowsTheFocus) {
   const auto& [kind, highContrast, reader] = GetParam();
-  const QTemporaryDir folder;
   fakePlatform() = {};
   if (highContrast) setTheme(kTheme);
   fakePlatform().narratorRuns = reader;
