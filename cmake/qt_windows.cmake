@@ -1,7 +1,7 @@
 # How Qt for Windows is configured: what a program of windows, lists, tables, texts and file dialogs needs, and no more. Any
 # change here but of a comment means a new Qt, which takes 10 minutes on 2 cores.
 set(CMAKE_BUILD_TYPE Release CACHE STRING "")
-# Qt's own -O3 takes a third longer to compile; what these programs ask of Qt does not show the difference.
+# Qt's own -O3 takes a third longer to compile.
 set(QT_USE_DEFAULT_CMAKE_OPTIMIZATION_FLAGS ON CACHE BOOL "")
 set(CMAKE_C_FLAGS_RELEASE "-O1 -DNDEBUG" CACHE STRING "")
 set(CMAKE_CXX_FLAGS_RELEASE "-O1 -DNDEBUG" CACHE STRING "")

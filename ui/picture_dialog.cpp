@@ -21,7 +21,7 @@ void drawFocusRing(QWidget& widget) {
   const QPalette palette = QGuiApplication::palette();
   QPainter painter(&widget);
   for (int inset = 0; inset < 2 * kRingWidth; ++inset) {
-    painter.setPen(palette.color(inset < kRingWidth ? QPalette::WindowText : QPalette::Window));
+    painter.setPen(palette.color(inset < kRingWidth ? QPalette::Text : QPalette::Base));
     painter.drawRect(widget.rect().adjusted(inset, inset, -inset - 1, -inset - 1));
   }
 }
@@ -43,7 +43,6 @@ void PictureDialog::useParts(QWidget* newHeader, QWidget* newCloseButton, QLabel
 void PictureDialog::prepareForScreenReader(std::initializer_list<QWidget*> readable) {
   for (QWidget* const widget : readable) widget->setFocusPolicy(Qt::StrongFocus);
   (*readable.begin())->setFocus(Qt::OtherFocusReason);
-  // The same texts as their names: the descriptions are required.
   closeButton->setAccessibleDescription(dialogText(dialog_keys::kClosePopUp));
   view->setAccessibleDescription(dialogText(dialog_keys::kCamera));
   focusWidgets = strongFocusWidgets(*this);

@@ -1,8 +1,11 @@
 #include "standalone/host/diagnostics_program.h"
 
 #include <QCoreApplication>
+#include <QEventLoop>
 #include <QFile>
+#include <QTimer>
 
+#include <chrono>
 #include <cstdio>
 #include <memory>
 #include <stdexcept>
@@ -25,7 +28,11 @@
 #include "standalone/host/test_selection.h"
 #include "standalone/host/user_interaction.h"
 
+using namespace std::chrono_literals;
+
 namespace {
+
+constexpr auto kScreenDelay = 200ms;
 
 void checkModuleName(Resource& resource, const QString& name) {
   const QString known = QString::fromStdString(resource.getNameKey()).toLower();
@@ -121,6 +128,13 @@ std::unique_ptr<QFile> openReport(const QString& fileName) {
   return file;
 }
 
+// What a window paints comes to the screen a moment later, while events are waited for.
+void waitUntilOnScreen() {
+  QEventLoop loop;
+  QTimer::singleShot(kScreenDelay, &loop, &QEventLoop::quit);
+  loop.exec();
+}
+
 void showOnWindow(MainWindow& window, TestRunner& runner, const std::vector<TestJob>& jobs, Resource& resource,
                   const Pictures& pictures) {
   const auto job = [&jobs](int index) -> const TestJob& { return jobs[static_cast<std::size_t>(index)]; };
@@ -130,13 +144,16 @@ void showOnWindow(MainWindow& window, TestRunner& runner, const std::vector<Test
   QObject::connect(&runner, &TestRunner::progressed, &window, &MainWindow::showProgress);
   QObject::connect(&runner, &TestRunner::messageAdded, &window,
                    [&window](const QString&, const QString& text) { window.showMessage(text); });
-  QObject::connect(&runner, &TestRunner::testFinished, &window,
-                   [&window, &pictures, job](int index, const TestReport& report) {
-                     window.showVerdict(report);
-                     window.repaint();
-                     pictures.save(job(index).word + QLatin1Char('-') + QString::fromStdString(report.cameraId) +
-                                   QStringLiteral("-result"));
-                   });
+  // The next test waits, so that the picture is of this one.
+  QObject::connect(
+      &runner, &TestRunner::testFinished, &window,
+      [&window, &pictures, job](int index, const TestReport& report) {
+        window.showVerdict(report);
+        waitUntilOnScreen();
+        pictures.save(job(index).word + QLatin1Char('-') + QString::fromStdString(report.cameraId) +
+                      QStringLiteral("-result"));
+      },
+      Qt::BlockingQueuedConnection);
   QObject::connect(&window, &MainWindow::closed, &runner, &TestRunner::cancel, Qt::DirectConnection);
   window.show();
 }

@@ -36,13 +36,13 @@ WindowLook::WindowLook(QWidget& dressedWindow, ColorSource colorSource)
   show(colors());
 }
 
-// While a module's dialog is open, it may keep the system's message of a new theme from all other windows. The next one
-// that opens notices, and changes the style of all.
+// Qt tells a widget of a new theme as of a new style. While a module's dialog is open, it may keep the system's message
+// of a new theme from all other windows: they notice when the user comes back to them.
 bool WindowLook::eventFilter(QObject* watched, QEvent* event) {
   switch (event->type()) {
-    case QEvent::ThemeChange:
-    case QEvent::ApplicationPaletteChange:
     case QEvent::StyleChange:
+    case QEvent::ApplicationPaletteChange:
+    case QEvent::WindowActivate:
       settled.start();
       break;
     default:

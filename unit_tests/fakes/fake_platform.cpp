@@ -74,7 +74,8 @@ SUBSTITUTE_IMPORT(BOOL, SystemParametersInfoW, (UINT action, UINT size, void* va
   return SYSTEM_FUNCTION("user32", SystemParametersInfoW)(action, size, value, flags);
 }
 
-SUBSTITUTE_IMPORT(HRESULT, SHGetKnownFolderPath, (REFKNOWNFOLDERID id, DWORD, HANDLE, wchar_t** path)) {
+// Not declared as an import: the function itself is replaced.
+HRESULT WINAPI SHGetKnownFolderPath(REFKNOWNFOLDERID id, DWORD, HANDLE, wchar_t** path) {
   const std::wstring folder = QDir::toNativeSeparators(fakePlatform().programData).toStdWString();
   *path = nullptr;
   if (id != FOLDERID_ProgramData || folder.empty()) return E_FAIL;

@@ -1,7 +1,10 @@
 #pragma once
 
 #include <QColor>
+#include <QImage>
 
+#include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "unit_tests/fakes/fake_platform.h"
@@ -28,4 +31,32 @@ inline void setTheme(const Theme& theme) {
                                          {18, theme.buttonText}, {13, theme.highlight}, {14, theme.highlightText},
                                          {26, theme.hotLight},   {17, theme.grayText}};
   for (const auto& [number, color] : colors) fakePlatform().theme[number] = QColor(color);
+}
+
+/// WCAG 2's relative luminance.
+inline double luminance(QRgb color) {
+  const auto linear = [](int part) {
+    const double share = part / 255.0;
+    return share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * linear(qRed(color)) + 0.7152 * linear(qGreen(color)) + 0.0722 * linear(qBlue(color));
+}
+
+/// WCAG 2's contrast ratio.
+inline double contrast(QRgb one, QRgb other) {
+  const auto [dark, light] = std::minmax({luminance(one), luminance(other)});
+  return (light + 0.05) / (dark + 0.05);
+}
+
+/// Borders, icons and marks of the focus are seen from this contrast on.
+constexpr double kSeen = 3;
+
+/// How many pixels differ so that it is seen; of the part that both pictures have.
+inline int differingPixels(const QImage& one, const QImage& other) {
+  const QSize common = one.size().boundedTo(other.size());
+  int count = 0;
+  for (int y = 0; y < common.height(); ++y) {
+    for (int x = 0; x < common.width(); ++x) count += contrast(one.pixel(x, y), other.pixel(x, y)) >= kSeen;
+  }
+  return count;
 }

@@ -30,7 +30,7 @@ const QByteArray kIcon =
 
 TEST(StyleSheetTest, IsTakenApartWhateverItsAuthorWrote) {
   const std::pair<const char*, const char*> kCases[] = {
-      {"A,B:hover{X: 1 ; y :2}", "A {x: 1;y: 2;}B:hover {x: 1;y: 2;}"},
+      {"A,B:hover{X: 1 ; y :2}", "A {X: 1;y: 2;}B:hover {X: 1;y: 2;}"},
       {"/* A{x:1} */B/**/{/*;*/x:1/*}*/}C{x:\"/* no comment */\"}", "B {x: 1;}C {x: \"/* no comment */\";}"},
       {"A[t=\"a,b{\"]{x:url(a;b,c.svg);y:'};';z:1}", "A[t=\"a,b{\"] {x: url(a;b,c.svg);y: '};';z: 1;}"},
       {"@import url(x);@media x{B{y:1}}A{x:1}", "A {x: 1;}"},
@@ -54,11 +54,11 @@ TEST(RecoloredSvgTest, ChangesEveryFillButNone) {
       {R"(<svg fill="red"><g fill='url(#a)'/></svg>)", R"(<svg fill="#0a0b0c"><g fill="#0a0b0c"/></svg>)"},
       {R"(<svg fill="none" stroke="red" data-fill="x"/>)", R"(<svg fill="none" stroke="red" data-fill="x"/>)"},
       {R"(<svg style="fill:red;stroke:red"><a style="stroke-fill:b; fill : b "/></svg>)",
-       R"(<svg style="fill:#0a0b0c;stroke:red"><a style="stroke-fill:b; fill : #0a0b0c"/></svg>)"},
+       R"(<svg fill="#0a0b0c" style="fill:#0a0b0c;stroke:red"><a style="stroke-fill:b; fill : #0a0b0c"/></svg>)"},
       {R"(<svg style="fill:none"><a style="fill: none ;x:y"/></svg>)",
-       R"(<svg style="fill:none"><a style="fill: none ;x:y"/></svg>)"},
+       R"(<svg fill="#0a0b0c" style="fill:none"><a style="fill: none ;x:y"/></svg>)"},
       {R"(<s:svg xmlns:s="n"><s:a fill="b">fill="b"&amp;</s:a></s:svg>)",
-       R"(<s:svg xmlns:s="n"><s:a fill="#0a0b0c">fill=&quot;b&quot;&amp;</s:a></s:svg>)"},
+       R"(<s:svg fill="#0a0b0c" xmlns:s="n"><s:a fill="#0a0b0c">fill=&quot;b&quot;&amp;</s:a></s:svg>)"},
       {R"(<svg fill="red">)", ""},
       {R"(<html fill="red"/>)", ""},
       {"no picture", ""},
@@ -94,10 +94,13 @@ class HighContrastStyleTest : public testing::Test {
 
 TEST_F(HighContrastStyleTest, KeepsAllButColorsAndBordersOfTheHost) {
   const std::string sheet = style(
-      "QLabel, QLabel#x:hover { color: red; MIN-WIDTH: 30px; background: url(x.png); border-radius: 3px; font: bold;"
+      "QLabel, QLabel#x:hover { color: red; MIN-WIDTH: 30px; background-repeat: none; qproperty-iconSize: 9px; "
+      "background: url(x.png); border-radius: 3px; font: bold;"
       " selection-background-color: red; image: url(x.png); outline: none; padding: 1px 2px; }"
       "QFrame { color: red }");
-  const std::string kept = " {\n  min-width: 30px;\n  font: bold;\n  image: url(x.png);\n  padding: 1px 2px;\n}\n";
+  const std::string kept =
+      " {\n  MIN-WIDTH: 30px;\n  background-repeat: none;\n  qproperty-iconSize: 9px;\n  font: bold;\n  image: "
+      "url(x.png);\n  padding: 1px 2px;\n}\n";
   EXPECT_THAT(sheet, testing::StartsWith("QLabel" + kept + "QLabel#x:hover" + kept +
                                          "QWidget#border_widget {\n  background-color: " + color(5) +
                                          ";\n  border: 1px solid " + color(8) + ";\n}\n"));
@@ -117,7 +120,7 @@ TEST_F(HighContrastStyleTest, GivesAnIconTheColorOfWhatItStandsOn) {
                                                 {"#camera_barcode_test_header_close", 18},
                                                 {"#camera_barcode_test_header_close:hover", 14},
                                                 {"QPushButton:pressed", 14},
-                                                {"QPushButton:!active:focus", 14},
+                                                {"QPushButton:active:focus", 14},
                                                 {"QPushButton:disabled", 17}};
   for (const auto& [selector, number] : kCases) {
     const std::string sheet = style(QStringLiteral("%1 { background: url(%2/icon.svg) }").arg(selector, folder.path()));
@@ -126,6 +129,13 @@ TEST_F(HighContrastStyleTest, GivesAnIconTheColorOfWhatItStandsOn) {
     QFile icon(QString::fromStdString(sheet.substr(start.size(), sheet.find('"', start.size()) - start.size())));
     ASSERT_TRUE(icon.open(QIODevice::ReadOnly)) << sheet;
     EXPECT_THAT(icon.readAll().toStdString(), HasSubstr("fill=\"" + color(number) + "\"")) << selector;
+  }
+}
+
+TEST_F(HighContrastStyleTest, AButtonsIconFollowsItsStates) {
+  const std::string sheet = style("QPushButton#a { qproperty-icon: url('" + folder.path() + "/icon.svg'); }");
+  for (const char* const state : {"", ":hover", ":disabled", ":active:focus"}) {
+    EXPECT_THAT(sheet, HasSubstr("QPushButton#a" + std::string(state) + " {\n  icon: url(\""));
   }
 }
 
@@ -148,7 +158,7 @@ TEST_F(HighContrastStyleTest, AStepWhoseIconCannotBeMadeGetsABorderOfItsOwn) {
   const auto hasBorder = [this](const QString& icon) {
     const std::string sheet = style(
         QStringLiteral("QLabel#camera_barcode_test_step_one_current { min-width: 30px; image: url(%1); }").arg(icon));
-    EXPECT_THAT(sheet, HasSubstr("step_one_current {\n  min-width: 30px;\n}\n"));
+    EXPECT_THAT(sheet, HasSubstr("step_one_current {\n  min-width: 30px;\n"));
     EXPECT_THAT(sheet, HasSubstr("step_one_warning {\n  border: 2px dashed"));
     EXPECT_THAT(sheet, HasSubstr("step_two_waiting {\n  border: 1px solid"));
     return sheet.find("step_one_current {\n  border: 2px solid") != std::string::npos;

@@ -44,7 +44,7 @@ QAccessibleInterface* AccessibleDialogBase::accessibleInterface() {
 
 void AccessibleDialogBase::applyStyle() {
   // Needed as long as the style that names them.
-  const std::unique_ptr<QObject> formerIcons(findChild<RecoloredIcons*>());
+  const std::unique_ptr<QObject> formerIcons(findChild<RecoloredIcons*>(QString(), Qt::FindDirectChildrenOnly));
   if (highContrastFilter->IsHighContrastOn()) {
     systemColors = highContrastFilter->ReadSystemColors();
     setStyleSheet(highContrastStyleSheet(normalStyleSheet, systemColors, *new RecoloredIcons(this)));

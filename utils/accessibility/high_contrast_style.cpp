@@ -18,6 +18,7 @@ namespace {
 /// to it are sure to differ: Window and WindowText, ButtonFace and ButtonText, Highlight and HighlightText; GrayText is
 /// for what is disabled. All are below 25, where number and position are the same.
 enum class SystemColor : int {
+  kNone = -1,
   kWindow = 5,
   kWindowText = 8,
   kHighlight = 13,
@@ -37,7 +38,7 @@ struct Property {
   const char* name;
   /// The value's fixed text; the colour, where there is one, stands behind it.
   const char* text;
-  SystemColor color = {};
+  SystemColor color = kNone;
 };
 
 constexpr Property background(SystemColor color) {
@@ -70,7 +71,10 @@ constexpr ColorRule kColorRules[] = {
      {background(kWindow), border(kThin, kWindowText), radius("8px")}},
     {"QWidget#camera_barcode_test_warning_container",
      {background(kWindow), border(kThick, kWindowText), radius("8px")}},
-    {"QLabel", {text(kWindowText), kNoOutline}},
+    // The focus takes no place that was not there before. A picture has its own mark of it.
+    {"QLabel", {text(kWindowText), {"border", "2px solid transparent"}, kNoOutline}},
+    {"QLabel#camera_capture_test_lb_image_view", {{"border", "none"}}},
+    {"QLabel#camera_barcode_test_camera_image", {{"border", "none"}}},
     {"QLabel:disabled", {text(kGrayText)}},
     {"QLabel:focus", {border(kThick, kWindowText), radius("4px")}},
     {"*:selected", {background(kHighlight), text(kHighlightText)}},
@@ -79,23 +83,26 @@ constexpr ColorRule kColorRules[] = {
     {"QPushButton#camera_capture_test_header_close", {radius("4px")}},
     {"QPushButton#camera_barcode_test_header_close", {radius("4px")}},
     {"QPushButton:hover", {background(kHighlight), text(kHighlightText)}},
-    {"QPushButton:disabled", {background(kButtonFace), text(kGrayText), border(kThin, kGrayText)}},
+    {"QPushButton:disabled", {background(kButtonFace), text(kGrayText), {"border-color", "", kGrayText}}},
     {"QPushButton:active:focus", {background(kHighlight), text(kHighlightText), border(kThick, kButtonText)}},
 };
 
+constexpr Property kWide = {"min-width", "26px"};
+constexpr Property kHigh = {"min-height", "26px"};
+
 // Which step it is shows also without its icon: what is over is dashed, what comes is thin.
 constexpr ColorRule kStepsWithoutIcon[] = {
-    {"QLabel#camera_barcode_test_step_one_current", {border(kThick, kWindowText), radius("14px")}},
-    {"QLabel#camera_barcode_test_step_one_warning", {border(kDashed, kWindowText), radius("4px")}},
-    {"QLabel#camera_barcode_test_step_two_current", {border(kThick, kWindowText), radius("14px")}},
-    {"QLabel#camera_barcode_test_step_two_waiting", {border(kThin, kWindowText), radius("14px")}},
+    {"QLabel#camera_barcode_test_step_one_current", {border(kThick, kWindowText), radius("14px"), kWide, kHigh}},
+    {"QLabel#camera_barcode_test_step_one_warning", {border(kDashed, kWindowText), radius("4px"), kWide, kHigh}},
+    {"QLabel#camera_barcode_test_step_two_current", {border(kThick, kWindowText), radius("14px"), kWide, kHigh}},
+    {"QLabel#camera_barcode_test_step_two_waiting", {border(kThin, kWindowText), radius("14px"), kWide, kHigh}},
 };
 
 StyleRule withColors(const ColorRule& rule, const QList<QColor>& systemColors) {
   StyleRule result{QLatin1String(rule.selector), {}};
   for (const Property& property : rule.properties) {
     if (!property.name) break;
-    const QString color = property.color == SystemColor{} ? QString() : colorOf(systemColors, property.color).name();
+    const QString color = property.color == kNone ? QString() : colorOf(systemColors, property.color).name();
     result.declarations.append({QLatin1String(property.name), QLatin1String(property.text) + color});
   }
   return result;
@@ -103,9 +110,12 @@ StyleRule withColors(const ColorRule& rule, const QList<QColor>& systemColors) {
 
 constexpr const char* kButtonStates[] = {":hover", ":disabled", ":active:focus"};
 
+/// Whether a declaration says something about colours, backgrounds or borders; where a background picture lies is
+/// neither.
 bool isColorOrBorder(const QString& property) {
-  return property.contains(QLatin1String("color")) || property.startsWith(QLatin1String("background")) ||
-         property.startsWith(QLatin1String("border")) || property.startsWith(QLatin1String("outline"));
+  static const QRegularExpression kColorOrBorder(QStringLiteral("color|^background(-image)?$|^border|^outline"),
+                                                 QRegularExpression::CaseInsensitiveOption);
+  return property.contains(kColorOrBorder);
 }
 
 bool isButton(const QString& selector) {
@@ -137,16 +147,15 @@ class SheetWriter {
   void addHostRule(const StyleRule& rule) {
     StyleRule kept{rule.selector, {}};
     for (const StyleDeclaration& declaration : rule.declarations) {
-      if (svgIn(declaration.value).isEmpty() && !isColorOrBorder(declaration.property)) {
+      const QString svg = svgIn(declaration.value);
+      if (!svg.isEmpty()) {
+        kept.declarations += icon(rule.selector, declaration.property, svg);
+      } else if (!isColorOrBorder(declaration.property)) {
         kept.declarations.append(declaration);
       }
     }
     add(kept);
-    for (const StyleDeclaration& declaration : rule.declarations) {
-      if (const QString svg = svgIn(declaration.value); !svg.isEmpty()) {
-        addIcon(rule.selector, declaration.property, svg);
-      }
-    }
+    if (isButton(rule.selector) && !rule.selector.contains(u':')) addStates(rule);
   }
 
   void addColors(std::span<const ColorRule> rules) {
@@ -165,16 +174,30 @@ class SheetWriter {
     if (!rule.declarations.isEmpty()) text += toText(rule);
   }
 
-  void addIcon(const QString& selector, const QString& property, const QString& svg) {
-    const QString path = icons.path(svg, colorOf(systemColors, iconColor(selector)));
-    if (path.isEmpty()) return;
-    // A shorthand would take more than the icon with it.
-    const QString name = property == QLatin1String("background") ? QStringLiteral("background-image") : property;
-    add({selector, {{name, QStringLiteral("url(\"%1\")").arg(path)}}});
+  /// A button changes its background where the host's icon may stay the same.
+  void addStates(const StyleRule& rule) {
+    for (const char* const state : kButtonStates) {
+      StyleRule variant{rule.selector + QLatin1String(state), {}};
+      for (const StyleDeclaration& declaration : rule.declarations) {
+        variant.declarations += icon(variant.selector, declaration.property, svgIn(declaration.value));
+      }
+      add(variant);
+    }
+  }
+
+  /// What shows an icon in the colour of a selector's widgets; nothing when there is none.
+  QList<StyleDeclaration> icon(const QString& selector, const QString& property, const QString& svg) {
+    const QString path = svg.isEmpty() ? QString() : icons.path(svg, colorOf(systemColors, iconColor(selector)));
+    if (path.isEmpty()) return {};
     withIcon.append(selector);
-    if (!isButton(selector) || selector.contains(u':')) return;
-    // A button changes its background where the host's icon may stay the same.
-    for (const char* const state : kButtonStates) addIcon(selector + QLatin1String(state), property, svg);
+    const QString value = QStringLiteral("url(\"%1\")").arg(path);
+    // Qt reads a property of its own once, for all states.
+    if (property == QLatin1String("qproperty-icon")) return {{QStringLiteral("icon"), value}};
+    if (property.compare(QLatin1String("background"), Qt::CaseInsensitive) != 0) return {{property, value}};
+    // The rest of the shorthand is lost.
+    return {{QStringLiteral("background-image"), value},
+            {QStringLiteral("background-repeat"), QStringLiteral("no-repeat")},
+            {QStringLiteral("background-position"), QStringLiteral("center")}};
   }
 
   const QList<QColor>& systemColors;

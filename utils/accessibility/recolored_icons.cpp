@@ -25,6 +25,10 @@ QString recoloredValue(QStringView attribute, const QString& value, const QStrin
 
 void copyStart(const QXmlStreamReader& reader, QXmlStreamWriter& writer, const QString& color) {
   writer.writeStartElement(reader.qualifiedName().toString());
+  // What names no colour is black, unless the picture as a whole has one.
+  if (reader.name() == u"svg" && !reader.attributes().hasAttribute(QStringLiteral("fill"))) {
+    writer.writeAttribute(QStringLiteral("fill"), color);
+  }
   for (const QXmlStreamAttribute& attribute : reader.attributes()) {
     writer.writeAttribute(attribute.qualifiedName().toString(),
                           recoloredValue(attribute.qualifiedName(), attribute.value().toString(), color));

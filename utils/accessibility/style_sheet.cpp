@@ -65,7 +65,7 @@ QList<StyleDeclaration> parseDeclarations(QStringView body) {
   QList<StyleDeclaration> declarations;
   for (const QString& part : split(body, u';')) {
     const qsizetype colon = part.indexOf(u':');
-    const QString property = part.left(colon).trimmed().toLower();
+    const QString property = part.left(colon).trimmed();
     const QString value = colon < 0 ? QString() : part.sliced(colon + 1).simplified();
     // A rule within the rule.
     if (!property.isEmpty() && !value.isEmpty() && !part.contains(u'{')) declarations.append({property, value});

@@ -6,7 +6,7 @@
 namespace vexa::utils::accessibility {
 
 struct StyleDeclaration {
-  /// In lower case.
+  /// As written: the names of Qt's own properties depend on the case, all others do not.
   QString property;
   QString value;
 };
