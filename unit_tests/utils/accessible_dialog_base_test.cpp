@@ -43,7 +43,7 @@ TEST(AccessibleDialogBaseTest, StartsInHighContrastAndFollowsTheUserBackToTheHos
 
   // Of two changes in a row the last one counts, although both timers run.
   changeTheme();
-  fakePlatform() = {.highContrast = true, .shade = 60};
+  fakePlatform() = {.highContrast = true, .shade = 100};
   changeTheme();
   EXPECT_TRUE(QTest::qWaitFor([&] { return isInHighContrast(dialog); }));
 }
