@@ -9,7 +9,6 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
-#include <cstdio>
 #include <string_view>
 #include <type_traits>
 
@@ -48,12 +47,8 @@ int main(int argc, char** argv) {
                       .arg(QGuiApplication::primaryScreen()->geometry().width())
                       .arg(QGuiApplication::primaryScreen()->devicePixelRatio());
   if (argc > 2) {
-    const auto* const theme = std::find_if(std::begin(kThemes), std::end(kThemes),
-                                           [&](const Theme& t) { return std::string_view(argv[2]) == t.name; });
-    if (theme == std::end(kThemes)) {
-      std::fprintf(stderr, "there is no theme %s\n", argv[2]);
-      return 2;
-    }
+    const auto* const theme = std::ranges::find(kThemes, std::string_view(argv[2]), &Theme::name);
+    if (theme == std::end(kThemes)) qFatal("there is no theme %s", argv[2]);
     setTheme(*theme);
     title = QLatin1String(theme->name);
   }

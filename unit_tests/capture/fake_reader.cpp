@@ -123,7 +123,9 @@ class FakeBuffer : public FakeComObject<IMFMediaBuffer> {
   bool locked = false;
 };
 
-HDEVNOTIFY WINAPI registerNotification(HANDLE window, void* filter, DWORD flags) {
+}  // namespace
+
+SUBSTITUTE_IMPORT(HDEVNOTIFY, RegisterDeviceNotificationW, (HANDLE window, void* filter, DWORD flags)) {
   const auto* wanted = static_cast<const DEV_BROADCAST_DEVICEINTERFACE_W*>(filter);
   const bool everyClass = wanted->dbcc_size == 32 && wanted->dbcc_devicetype == 5 && wanted->dbcc_reserved == 0 &&
                           wanted->dbcc_classguid == GUID{} && wanted->dbcc_name[0] == L'\0' && flags == 4;
@@ -133,59 +135,48 @@ HDEVNOTIFY WINAPI registerNotification(HANDLE window, void* filter, DWORD flags)
   return notification;
 }
 
-BOOL WINAPI unregisterNotification(HDEVNOTIFY notification) {
+SUBSTITUTE_IMPORT(BOOL, UnregisterDeviceNotification, (HDEVNOTIFY notification)) {
   scriptedCapture().note("UnregisterDeviceNotification");
   if (!notification) return FALSE;
   --scriptedCapture().notifications;
   return SYSTEM_FUNCTION("user32", UnregisterDeviceNotification)(notification);
 }
 
-template <class... Arguments>
-HWND WINAPI createWindow(Arguments... arguments) {
+SUBSTITUTE_IMPORT(HWND, CreateWindowExW, (auto... arguments)) {
   return fails("CreateWindow") ? nullptr : SYSTEM_FUNCTION("user32", CreateWindowExW)(arguments...);
 }
 
-BOOL WINAPI destroyWindow(HWND window) {
+SUBSTITUTE_IMPORT(BOOL, DestroyWindow, (HWND window)) {
   scriptedCapture().note("DestroyWindow");
   return SYSTEM_FUNCTION("user32", DestroyWindow)(window);
 }
 
-LRESULT WINAPI sendMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+SUBSTITUTE_IMPORT(LRESULT, SendMessageW, (HWND window, UINT message, WPARAM wParam, LPARAM lParam)) {
   if (message == WM_CLOSE) scriptedCapture().note("WM_CLOSE");
   return SYSTEM_FUNCTION("user32", SendMessageW)(window, message, wParam, lParam);
 }
 
-BOOL WINAPI unregisterClass(LPCWSTR name, HINSTANCE program) {
+SUBSTITUTE_IMPORT(BOOL, UnregisterClassW, (LPCWSTR name, HINSTANCE program)) {
   const BOOL done = SYSTEM_FUNCTION("user32", UnregisterClassW)(name, program);
   scriptedCapture().note("UnregisterClass");
   return done;
 }
 
-void WINAPI uninitializeCom() {
+SUBSTITUTE_IMPORT(void, CoUninitialize, ()) {
   scriptedCapture().note("CoUninitialize");
   SYSTEM_FUNCTION("ole32", CoUninitialize)();
 }
-
-}  // namespace
-
-SUBSTITUTE_IMPORT(RegisterDeviceNotificationW, registerNotification);
-SUBSTITUTE_IMPORT(UnregisterDeviceNotification, unregisterNotification);
-SUBSTITUTE_IMPORT(CreateWindowExW, createWindow);
-SUBSTITUTE_IMPORT(DestroyWindow, destroyWindow);
-SUBSTITUTE_IMPORT(SendMessageW, sendMessage);
-SUBSTITUTE_IMPORT(UnregisterClassW, unregisterClass);
-SUBSTITUTE_IMPORT(CoUninitialize, uninitializeCom);
 
 // Media Foundation's functions are not declared as imports: the program's own definitions come first.
 extern "C" {
 HRESULT WINAPI MFStartup(ULONG version, DWORD flags) {
   if (version != 0x20070 || flags != MFSTARTUP_FULL) return E_INVALIDARG;
-  ++scriptedCapture().startUps;
+  ++scriptedCapture().sessions;
   return S_OK;
 }
 
 HRESULT WINAPI MFShutdown() {
-  ++scriptedCapture().shutDowns;
+  --scriptedCapture().sessions;
   scriptedCapture().note("MFShutdown");
   return S_OK;
 }

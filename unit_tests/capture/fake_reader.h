@@ -26,8 +26,8 @@ struct ScriptedCapture {
   std::optional<std::int32_t> stride = 8;
 
   std::wstring openedLink;
-  std::atomic<int> startUps{0};
-  std::atomic<int> shutDowns{0};
+  /// How often Media Foundation was started and not shut down.
+  std::atomic<int> sessions{0};
   std::atomic<int> notifications{0};
   std::atomic<int> sourceShutdowns{0};
   std::atomic<int> reads{0};

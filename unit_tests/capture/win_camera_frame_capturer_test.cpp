@@ -17,7 +17,7 @@
 
 #include <gtest/gtest.h>
 
-#include "discovery/camera_component.h"
+#include "discovery/win_camera_component.h"
 #include "unit_tests/capture/fake_reader.h"
 #include "unit_tests/fakes/fake_com_object.h"
 #include "unit_tests/fakes/fake_host_services.h"
@@ -36,16 +36,7 @@ const auto kFails = [] { return E_FAIL; };
 /// Whether new[] has no memory, where its caller asks for no exception.
 std::atomic<bool> arraysFail{false};
 
-class CameraWithPath : public CameraComponent {
- public:
-  explicit CameraWithPath(const std::string& path) : CameraComponent(CameraInfo()) { info.devicePath = path; }
-  CameraFrameCapturer* getFrameCapturer() override { return nullptr; }
-};
-
-struct ReleaseReference {
-  void operator()(WinCameraFrameCapturer* capturer) const { capturer->Release(); }
-};
-using Capturer = std::unique_ptr<WinCameraFrameCapturer, ReleaseReference>;
+using Capturer = ComPtr<WinCameraFrameCapturer>;
 
 class WinCameraFrameCapturerTest : public testing::Test {
  protected:
@@ -59,8 +50,6 @@ class WinCameraFrameCapturerTest : public testing::Test {
   ~WinCameraFrameCapturerTest() override {
     static_cast<void>(capturer->stop());
     expectNothingLeft();
-    capturer.reset();
-    EXPECT_EQ(scriptedCapture().startUps, scriptedCapture().shutDowns);
   }
 
   /// No worker, none of what a worker makes, and no reference of its own.
@@ -68,13 +57,18 @@ class WinCameraFrameCapturerTest : public testing::Test {
     EXPECT_EQ(fakeHostServices().threadsWaitedFor, fakeHostServices().threadsCreated);
     EXPECT_EQ(fakeComObjects, 0);
     EXPECT_EQ(scriptedCapture().notifications, 0);
+    EXPECT_EQ(scriptedCapture().sessions, 0);
     WNDCLASSW windowClass;
     EXPECT_FALSE(GetClassInfoW(GetModuleHandleW(nullptr), L"CameraCLASS", &windowClass));
     EXPECT_EQ(capturer->AddRef(), 2u);
     capturer->Release();
   }
 
-  Capturer makeCapturer() { return Capturer(new WinCameraFrameCapturer(&camera)); }
+  Capturer makeCapturer() {
+    Capturer made;
+    *made.GetAddressOf() = new WinCameraFrameCapturer(&camera);  // born with one reference
+    return made;
+  }
 
   /// Starts the capture and waits for the first read.
   void startReading() {
@@ -101,7 +95,7 @@ class WinCameraFrameCapturerTest : public testing::Test {
     return result;
   }
 
-  CameraWithPath camera{kPath};
+  WinCameraComponent camera{{kPath, "", "", "", "", "", "", "", CameraType::kUsb}, 0};
   Capturer capturer;
 };
 
@@ -187,11 +181,10 @@ TEST_F(WinCameraFrameCapturerTest, AStartThatFailsIsReportedAndLeavesNothingBehi
       EXPECT_EQ(scriptedCapture().cleanUp(), cleanUp);
 
       scriptedCapture().failing.clear();
-      for (WinCameraFrameCapturer* const next : {capturer.get(), another.get()}) {
+      for (WinCameraFrameCapturer* const next : {capturer.Get(), another.Get()}) {
         EXPECT_EQ(next->start(), CaptureOk);
         EXPECT_EQ(next->stop(), CaptureNoFrameYet);
       }
-      EXPECT_EQ(scriptedCapture().startUps, scriptedCapture().shutDowns);
     }
     GetProcessHandleCount(GetCurrentProcess(), &openHandles);
   }
@@ -235,7 +228,7 @@ TEST_F(WinCameraFrameCapturerTest, AFirstReadThatFailsIsSeenByTheFirstWait) {
   while (frame().status == CaptureTimedOut) continue;
   EXPECT_EQ(frame().status, CaptureFailed);
   // The worker goes with its reader, yet a driver may still call.
-  while (scriptedCapture().shutDowns == 0) Sleep(1);
+  while (scriptedCapture().sessions != 0) Sleep(1);
   capturer->OnReadSample(S_OK, 0, 0, 0, makeSample(Bytes(8, 1)).Get());
   EXPECT_EQ(frame().status, CaptureFailed);
   EXPECT_EQ(capturer->stop(), CaptureFailed);

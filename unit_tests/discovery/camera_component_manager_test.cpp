@@ -16,21 +16,15 @@ using testing::Pair;
 using testing::ThrowsMessage;
 
 /// A reference to a component's capturer; it tells whether the component has given up its own.
-class CapturerWatch {
- public:
-  explicit CapturerWatch(SystemComponent* component)
-      : capturer(static_cast<WinCameraFrameCapturer*>(static_cast<CameraComponent*>(component)->getFrameCapturer())) {
-    capturer->AddRef();
-  }
-  bool componentIsGone() {
-    capturer->AddRef();
-    return capturer->Release() == 1;
-  }
-  ~CapturerWatch() { capturer->Release(); }
+using CapturerWatch = Microsoft::WRL::ComPtr<WinCameraFrameCapturer>;
 
- private:
-  WinCameraFrameCapturer* capturer;
-};
+CapturerWatch watched(SystemComponent* component) {
+  return static_cast<WinCameraFrameCapturer*>(static_cast<CameraComponent*>(component)->getFrameCapturer());
+}
+bool componentIsGone(const CapturerWatch& watch) {
+  watch->AddRef();
+  return watch->Release() == 1;
+}
 
 class CameraComponentManagerTest : public CameraFixture {
  protected:
@@ -85,20 +79,20 @@ TEST_F(CameraComponentManagerTest, ARescanThatSucceedsAloneEndsComponents) {
   manager->refresh();
   ASSERT_EQ(manager->getComponentCount(), 1u);
   SystemComponent* first = manager->getComponent(0);
-  CapturerWatch watch(first);
+  const CapturerWatch watch = watched(first);
 
   systemScript().failCall("MFStartup");
   manager->refresh();
   EXPECT_EQ(manager->getComponent(0), first);
-  EXPECT_FALSE(watch.componentIsGone());
+  EXPECT_FALSE(componentIsGone(watch));
 
   manager->refresh();
-  EXPECT_TRUE(watch.componentIsGone());
+  EXPECT_TRUE(componentIsGone(watch));
   ASSERT_EQ(manager->getComponentCount(), 1u);
   const std::unique_ptr<SystemComponent> second(manager->getComponent(0));
-  CapturerWatch watchOfSecond(second.get());
+  const CapturerWatch watchOfSecond = watched(second.get());
   manager.reset();
-  EXPECT_FALSE(watchOfSecond.componentIsGone()) << "the host may still hold it";
+  EXPECT_FALSE(componentIsGone(watchOfSecond)) << "the host may still hold it";
 }
 
 }  // namespace

@@ -19,36 +19,6 @@ using testing::ElementsAre;
 std::wstring dosNames;
 HANDLE eventOfOperation = nullptr;
 
-DWORD WINAPI queryDosDevice(LPCWSTR device, LPWSTR buffer, DWORD size) {
-  const bool fails = device || systemScript().fails("QueryDosDeviceW");
-  SetLastError(fails ? ERROR_ACCESS_DENIED : ERROR_INSUFFICIENT_BUFFER);
-  if (fails || size < dosNames.size()) return 0;
-  return static_cast<DWORD>(dosNames.copy(buffer, size));
-}
-
-HANDLE WINAPI createFile(LPCWSTR path, DWORD access, DWORD share, LPSECURITY_ATTRIBUTES security, DWORD disposition,
-                         DWORD flags, HANDLE model) {
-  if (systemScript().fails("CreateFileW")) return SetLastError(ERROR_SHARING_VIOLATION), INVALID_HANDLE_VALUE;
-  systemScript().note(
-      QString::asprintf("%ls %lx %lx %lx %lx %d", path, access, share, disposition, flags, security || model)
-          .toStdString());
-  return CreateEventW(nullptr, TRUE, FALSE, nullptr);
-}
-
-/// Starts an operation that ends later, as a device that is opened for overlapped use does.
-BOOL WINAPI deviceIoControl(HANDLE, DWORD code, LPVOID, DWORD, LPVOID, DWORD, LPDWORD, LPOVERLAPPED operation) {
-  eventOfOperation = operation ? operation->hEvent : nullptr;
-  systemScript().note(QString::number(code, 16).toStdString());
-  SetLastError(systemScript().fails("DeviceIoControl") ? ERROR_ACCESS_DENIED : ERROR_IO_PENDING);
-  return FALSE;
-}
-
-BOOL WINAPI getOverlappedResult(HANDLE, LPOVERLAPPED operation, LPDWORD, BOOL wait) {
-  DWORD flags = 0;
-  const bool waits = wait && operation->hEvent == eventOfOperation && GetHandleInformation(eventOfOperation, &flags);
-  return !systemScript().fails("GetOverlappedResult") && waits;
-}
-
 class DosDeviceTest : public CameraFixture {
  protected:
   WinDeviceInterfaceScanner scanner;
@@ -96,7 +66,34 @@ TEST_F(DosDeviceTest, VolumesAreOpenedForOverlappedUseAndWaitedFor) {
 
 }  // namespace
 
-SUBSTITUTE_IMPORT(QueryDosDeviceW, queryDosDevice);
-SUBSTITUTE_IMPORT(CreateFileW, createFile);
-SUBSTITUTE_IMPORT(DeviceIoControl, deviceIoControl);
-SUBSTITUTE_IMPORT(GetOverlappedResult, getOverlappedResult);
+SUBSTITUTE_IMPORT(DWORD, QueryDosDeviceW, (LPCWSTR device, LPWSTR buffer, DWORD size)) {
+  const bool fails = device || systemScript().fails("QueryDosDeviceW");
+  SetLastError(fails ? ERROR_ACCESS_DENIED : ERROR_INSUFFICIENT_BUFFER);
+  if (fails || size < dosNames.size()) return 0;
+  return static_cast<DWORD>(dosNames.copy(buffer, size));
+}
+
+SUBSTITUTE_IMPORT(HANDLE, CreateFileW,
+                  (LPCWSTR path, DWORD access, DWORD share, LPSECURITY_ATTRIBUTES security, DWORD disposition,
+                   DWORD flags, HANDLE model)) {
+  if (systemScript().fails("CreateFileW")) return SetLastError(ERROR_SHARING_VIOLATION), INVALID_HANDLE_VALUE;
+  systemScript().note(
+      QString::asprintf("%ls %lx %lx %lx %lx %d", path, access, share, disposition, flags, security || model)
+          .toStdString());
+  return CreateEventW(nullptr, TRUE, FALSE, nullptr);
+}
+
+/// Starts an operation that ends later, as a device that is opened for overlapped use does.
+SUBSTITUTE_IMPORT(BOOL, DeviceIoControl,
+                  (HANDLE, DWORD code, LPVOID, DWORD, LPVOID, DWORD, LPDWORD, LPOVERLAPPED operation)) {
+  eventOfOperation = operation ? operation->hEvent : nullptr;
+  systemScript().note(QString::number(code, 16).toStdString());
+  SetLastError(systemScript().fails("DeviceIoControl") ? ERROR_ACCESS_DENIED : ERROR_IO_PENDING);
+  return FALSE;
+}
+
+SUBSTITUTE_IMPORT(BOOL, GetOverlappedResult, (HANDLE, LPOVERLAPPED operation, LPDWORD, BOOL wait)) {
+  DWORD flags = 0;
+  const bool waits = wait && operation->hEvent == eventOfOperation && GetHandleInformation(eventOfOperation, &flags);
+  return !systemScript().fails("GetOverlappedResult") && waits;
+}

@@ -41,44 +41,8 @@ QColor fakeSystemColor(int number) {
 
 namespace {
 
-template <class Function>
-Function realFunction(const char* library, const char* name) {
-  return reinterpret_cast<Function>(QLibrary::resolve(QLatin1String(library), name));
-}
-
-BOOL WINAPI systemParameters(UINT action, UINT size, void* value, UINT flags) {
-  if (action == SPI_GETSCREENREADER) {
-    *static_cast<BOOL*>(value) = fakePlatform().narratorRuns ? TRUE : FALSE;
-    return TRUE;
-  }
-  if (action == SPI_GETHIGHCONTRAST) {
-    auto* const info = static_cast<HIGHCONTRASTW*>(value);
-    if (size != 16 || info->cbSize != 16) return FALSE;
-    // All other bits are noise.
-    info->dwFlags = fakePlatform().highContrast ? ~DWORD{0} : ~DWORD{HCF_HIGHCONTRASTON};
-    return TRUE;
-  }
-  return realFunction<decltype(&SystemParametersInfoW)>("user32", "SystemParametersInfoW")(action, size, value, flags);
-}
-
-DWORD WINAPI systemColor(int number) {
-  const QColor color = fakeSystemColor(number);
-  return RGB(color.red(), color.green(), color.blue());
-}
-
 // Where the monitors begin; their handles point here. The last one is that of the first Qt screen.
 POINT corners[] = {{5000, 0}, {0, 5000}, {0, 0}};
-
-BOOL WINAPI eachMonitor(HDC, const RECT*, MONITORENUMPROC call, LPARAM argument) {
-  for (POINT& corner : corners) call(reinterpret_cast<HMONITOR>(&corner), nullptr, nullptr, argument);
-  return TRUE;
-}
-
-BOOL WINAPI monitorInfo(HMONITOR monitor, MONITORINFO* info) {
-  const POINT corner = *reinterpret_cast<const POINT*>(monitor);
-  info->rcMonitor = {corner.x, corner.y, corner.x + 1920, corner.y + 1080};
-  return info->cbSize == 40 ? TRUE : FALSE;
-}
 
 HRESULT WINAPI monitorDpi(HMONITOR monitor, int kind, UINT* x, UINT* y) {
   if (fakePlatform().monitorDpi == 0) return E_FAIL;
@@ -93,20 +57,22 @@ HRESULT WINAPI setAwareness(int awareness) {
   return S_OK;
 }
 
-FARPROC WINAPI procedure(HMODULE library, const char* name) {
-  const std::string_view wanted(name);
-  if (wanted == "GetDpiForMonitor") return reinterpret_cast<FARPROC>(reinterpret_cast<void*>(&monitorDpi));
-  if (wanted == "SetProcessDpiAwareness") return reinterpret_cast<FARPROC>(reinterpret_cast<void*>(&setAwareness));
-  return realFunction<decltype(&GetProcAddress)>("kernel32", "GetProcAddress")(library, name);
-}
-
 }  // namespace
 
-SUBSTITUTE_IMPORT(SystemParametersInfoW, systemParameters);
-SUBSTITUTE_IMPORT(GetSysColor, systemColor);
-SUBSTITUTE_IMPORT(EnumDisplayMonitors, eachMonitor);
-SUBSTITUTE_IMPORT(GetMonitorInfoW, monitorInfo);
-SUBSTITUTE_IMPORT(GetProcAddress, procedure);
+SUBSTITUTE_IMPORT(BOOL, SystemParametersInfoW, (UINT action, UINT size, void* value, UINT flags)) {
+  if (action == SPI_GETSCREENREADER) {
+    *static_cast<BOOL*>(value) = fakePlatform().narratorRuns ? TRUE : FALSE;
+    return TRUE;
+  }
+  if (action == SPI_GETHIGHCONTRAST) {
+    auto* const info = static_cast<HIGHCONTRASTW*>(value);
+    if (size != 16 || info->cbSize != 16) return FALSE;
+    // All other bits are noise.
+    info->dwFlags = fakePlatform().highContrast ? ~DWORD{0} : ~DWORD{HCF_HIGHCONTRASTON};
+    return TRUE;
+  }
+  return SYSTEM_FUNCTION("user32", SystemParametersInfoW)(action, size, value, flags);
+}
 
 // Not declared as an import: the function itself is replaced.
 HRESULT WINAPI SHGetKnownFolderPath(REFKNOWNFOLDERID id, DWORD, HANDLE, wchar_t** path) {
@@ -117,6 +83,29 @@ HRESULT WINAPI SHGetKnownFolderPath(REFKNOWNFOLDERID id, DWORD, HANDLE, wchar_t*
   *path = static_cast<wchar_t*>(CoTaskMemAlloc(size));
   std::memcpy(*path, folder.c_str(), size);
   return S_OK;
+}
+
+SUBSTITUTE_IMPORT(DWORD, GetSysColor, (int number)) {
+  const QColor color = fakeSystemColor(number);
+  return RGB(color.red(), color.green(), color.blue());
+}
+
+SUBSTITUTE_IMPORT(BOOL, EnumDisplayMonitors, (HDC, const RECT*, MONITORENUMPROC call, LPARAM argument)) {
+  for (POINT& corner : corners) call(reinterpret_cast<HMONITOR>(&corner), nullptr, nullptr, argument);
+  return TRUE;
+}
+
+SUBSTITUTE_IMPORT(BOOL, GetMonitorInfoW, (HMONITOR monitor, MONITORINFO* info)) {
+  const POINT corner = *reinterpret_cast<const POINT*>(monitor);
+  info->rcMonitor = {corner.x, corner.y, corner.x + 1920, corner.y + 1080};
+  return info->cbSize == 40 ? TRUE : FALSE;
+}
+
+SUBSTITUTE_IMPORT(FARPROC, GetProcAddress, (HMODULE library, const char* name)) {
+  const std::string_view wanted(name);
+  if (wanted == "GetDpiForMonitor") return reinterpret_cast<FARPROC>(reinterpret_cast<void*>(&monitorDpi));
+  if (wanted == "SetProcessDpiAwareness") return reinterpret_cast<FARPROC>(reinterpret_cast<void*>(&setAwareness));
+  return reinterpret_cast<decltype(&GetProcAddress)>(QLibrary::resolve("kernel32", "GetProcAddress"))(library, name);
 }
 
 #else

@@ -56,31 +56,27 @@ class FakeSource : public FakeComObject<AttributeStore<IMFActivate>, IMFActivate
   ~FakeSource() override { systemScript().note("source released"); }
 };
 
-HRESULT WINAPI initializeCom(LPVOID, DWORD mode) {
+}  // namespace
+
+SUBSTITUTE_IMPORT(HRESULT, CoInitializeEx, (LPVOID, DWORD mode)) {
   if (systemScript().fails("CoInitializeEx") || mode != COINIT_APARTMENTTHREADED) return E_OUTOFMEMORY;
   const HRESULT status = scriptedMediaFoundation().apartmentStatus;
   if (SUCCEEDED(status)) systemScript().acquire("apartment");
   return status;
 }
 
-void WINAPI uninitializeCom() {
+SUBSTITUTE_IMPORT(void, CoUninitialize, ()) {
   systemScript().note("CoUninitialize");
   systemScript().release("apartment");
 }
 
-void WINAPI freeTaskMemory(LPVOID block) {
+SUBSTITUTE_IMPORT(void, CoTaskMemFree, (LPVOID block)) {
   if (const auto freed = handedOut.extract(block)) {
     systemScript().note(freed.mapped() + " freed");
     systemScript().release(freed.mapped());
   }
   SYSTEM_FUNCTION("ole32", CoTaskMemFree)(block);
 }
-
-}  // namespace
-
-SUBSTITUTE_IMPORT(CoInitializeEx, initializeCom);
-SUBSTITUTE_IMPORT(CoUninitialize, uninitializeCom);
-SUBSTITUTE_IMPORT(CoTaskMemFree, freeTaskMemory);
 
 // Media Foundation's functions are not declared as imports: the program's own definitions come first.
 HRESULT WINAPI MFStartup(ULONG version, DWORD flags) {

@@ -63,8 +63,19 @@ const ScriptedInterface& interfaceOf(const SP_DEVICE_INTERFACE_DATA& data) {
   return *reinterpret_cast<const ScriptedInterface*>(data.Reserved);
 }
 
-HDEVINFO WINAPI getClassDevs(const GUID* devicesClass, PCWSTR, HWND, DWORD flags) {
-  scriptedSetupApi().openings.push_back({devicesClass ? std::optional<GUID>(*devicesClass) : std::nullopt, flags});
+/// Device instances are numbered from 1 by their position; a parent that is no scripted device of its own has the
+/// number of its child with this bit.
+constexpr DEVINST kParentBit = 0x1000;
+
+const std::wstring& idOf(DEVINST instance) {
+  const ScriptedDevice& device = scriptedSetupApi().devices.at((instance & ~kParentBit) - 1);
+  return instance & kParentBit ? device.parentId : device.instanceId;
+}
+
+}  // namespace
+
+SUBSTITUTE_IMPORT(HDEVINFO, SetupDiGetClassDevsW, (const GUID* devicesClass, PCWSTR, HWND, DWORD flags)) {
+  scriptedSetupApi().openings.emplace_back(devicesClass ? *devicesClass : GUID{}, flags);
   if (systemScript().fails("SetupDiGetClassDevsW")) {
     SetLastError(ERROR_ACCESS_DENIED);
     return INVALID_HANDLE_VALUE;
@@ -79,7 +90,7 @@ HDEVINFO WINAPI getClassDevs(const GUID* devicesClass, PCWSTR, HWND, DWORD flags
   return set;
 }
 
-BOOL WINAPI destroyDeviceInfoList(HDEVINFO set) {
+SUBSTITUTE_IMPORT(BOOL, SetupDiDestroyDeviceInfoList, (HDEVINFO set)) {
   systemScript().note("SetupDiDestroyDeviceInfoList");
   systemScript().release(kSetKind);
   if (openSets().erase(set) == 0) return failWith(ERROR_INVALID_HANDLE);
@@ -87,7 +98,7 @@ BOOL WINAPI destroyDeviceInfoList(HDEVINFO set) {
   return TRUE;
 }
 
-BOOL WINAPI enumDeviceInfo(HDEVINFO set, DWORD index, PSP_DEVINFO_DATA data) {
+SUBSTITUTE_IMPORT(BOOL, SetupDiEnumDeviceInfo, (HDEVINFO set, DWORD index, PSP_DEVINFO_DATA data)) {
   if (!accepts("SetupDiEnumDeviceInfo", set, data)) return FALSE;
   const auto& members = *static_cast<const DeviceSet*>(set);
   if (index >= members.size()) return failWith(ERROR_NO_MORE_ITEMS);
@@ -96,7 +107,8 @@ BOOL WINAPI enumDeviceInfo(HDEVINFO set, DWORD index, PSP_DEVINFO_DATA data) {
   return TRUE;
 }
 
-BOOL WINAPI getDeviceInstanceId(HDEVINFO set, PSP_DEVINFO_DATA data, PWSTR buffer, DWORD size, PDWORD required) {
+SUBSTITUTE_IMPORT(BOOL, SetupDiGetDeviceInstanceIdW,
+                  (HDEVINFO set, PSP_DEVINFO_DATA data, PWSTR buffer, DWORD size, PDWORD required)) {
   if (!accepts("SetupDiGetDeviceInstanceIdW", set, data)) return FALSE;
   const std::wstring& id = deviceOf(*data).instanceId;
   // This one counts in characters.
@@ -104,8 +116,9 @@ BOOL WINAPI getDeviceInstanceId(HDEVINFO set, PSP_DEVINFO_DATA data, PWSTR buffe
   return deliver(id.c_str(), (id.size() + 1) * sizeof(wchar_t), buffer, std::size_t{size} * sizeof(wchar_t), nullptr);
 }
 
-BOOL WINAPI enumDeviceInterfaces(HDEVINFO set, PSP_DEVINFO_DATA data, const GUID* interfaceClass, DWORD index,
-                                 PSP_DEVICE_INTERFACE_DATA found) {
+SUBSTITUTE_IMPORT(BOOL, SetupDiEnumDeviceInterfaces,
+                  (HDEVINFO set, PSP_DEVINFO_DATA data, const GUID* interfaceClass, DWORD index,
+                   PSP_DEVICE_INTERFACE_DATA found)) {
   if (!accepts("SetupDiEnumDeviceInterfaces", set, data)) return FALSE;
   if (found->cbSize != 32) return failWith(ERROR_INVALID_USER_BUFFER);
   for (const ScriptedInterface& entry : deviceOf(*data).interfaces) {
@@ -116,9 +129,9 @@ BOOL WINAPI enumDeviceInterfaces(HDEVINFO set, PSP_DEVINFO_DATA data, const GUID
   return failWith(ERROR_NO_MORE_ITEMS);
 }
 
-BOOL WINAPI getDeviceInterfaceDetail(HDEVINFO set, PSP_DEVICE_INTERFACE_DATA data,
-                                     PSP_DEVICE_INTERFACE_DETAIL_DATA_W detail, DWORD size, PDWORD required,
-                                     PSP_DEVINFO_DATA) {
+SUBSTITUTE_IMPORT(BOOL, SetupDiGetDeviceInterfaceDetailW,
+                  (HDEVINFO set, PSP_DEVICE_INTERFACE_DATA data, PSP_DEVICE_INTERFACE_DETAIL_DATA_W detail, DWORD size,
+                   PDWORD required, PSP_DEVINFO_DATA)) {
   if (!accepts("SetupDiGetDeviceInterfaceDetailW", set, data)) return FALSE;
   const ScriptedInterface& entry = interfaceOf(*data);
   if (detail && detail->cbSize != 8) return failWith(ERROR_INVALID_USER_BUFFER);
@@ -130,8 +143,9 @@ BOOL WINAPI getDeviceInterfaceDetail(HDEVINFO set, PSP_DEVICE_INTERFACE_DATA dat
   return TRUE;
 }
 
-BOOL WINAPI getDeviceRegistryProperty(HDEVINFO set, PSP_DEVINFO_DATA data, DWORD property, PDWORD, PBYTE buffer,
-                                      DWORD size, PDWORD required) {
+SUBSTITUTE_IMPORT(BOOL, SetupDiGetDeviceRegistryPropertyW,
+                  (HDEVINFO set, PSP_DEVINFO_DATA data, DWORD property, PDWORD, PBYTE buffer, DWORD size,
+                   PDWORD required)) {
   if (!accepts("SetupDiGetDeviceRegistryPropertyW", set, data)) return FALSE;
   const ScriptedDevice& device = deviceOf(*data);
   const auto value = device.properties.find(property);
@@ -139,8 +153,9 @@ BOOL WINAPI getDeviceRegistryProperty(HDEVINFO set, PSP_DEVINFO_DATA data, DWORD
   return deliver(value->second.data(), value->second.size() * sizeof(wchar_t), buffer, size, required);
 }
 
-BOOL WINAPI getDeviceInterfaceProperty(HDEVINFO set, PSP_DEVICE_INTERFACE_DATA data, const DEVPROPKEY* key,
-                                       DEVPROPTYPE* type, PBYTE buffer, DWORD size, PDWORD required, DWORD) {
+SUBSTITUTE_IMPORT(BOOL, SetupDiGetDeviceInterfacePropertyW,
+                  (HDEVINFO set, PSP_DEVICE_INTERFACE_DATA data, const DEVPROPKEY* key, DEVPROPTYPE* type, PBYTE buffer,
+                   DWORD size, PDWORD required, DWORD)) {
   if (!accepts("SetupDiGetDeviceInterfacePropertyW", set, data)) return FALSE;
   const ScriptedInterface& entry = interfaceOf(*data);
   if (!entry.name || key->fmtid != kNameKey.fmtid || key->pid != kNameKey.pid) return failWith(ERROR_NOT_FOUND);
@@ -149,29 +164,20 @@ BOOL WINAPI getDeviceInterfaceProperty(HDEVINFO set, PSP_DEVICE_INTERFACE_DATA d
   return deliver(entry.name->c_str(), (entry.name->size() + 1) * sizeof(wchar_t), buffer, size, required);
 }
 
-/// Device instances are numbered from 1 by their position; a parent that is no scripted device of its own has the
-/// number of its child with this bit.
-constexpr DEVINST kParentBit = 0x1000;
-
-const std::wstring& idOf(DEVINST instance) {
-  const ScriptedDevice& device = scriptedSetupApi().devices.at((instance & ~kParentBit) - 1);
-  return instance & kParentBit ? device.parentId : device.instanceId;
-}
-
-CONFIGRET WINAPI getParent(PDEVINST parent, DEVINST child, ULONG) {
+SUBSTITUTE_IMPORT(CONFIGRET, CM_Get_Parent, (PDEVINST parent, DEVINST child, ULONG)) {
   if (systemScript().fails("CM_Get_Parent")) return CR_CALL_NOT_IMPLEMENTED;
   if (scriptedSetupApi().devices.at(child - 1).parentId.empty()) return CR_NO_SUCH_DEVNODE;
   *parent = child | kParentBit;
   return CR_SUCCESS;
 }
 
-CONFIGRET WINAPI getDeviceIdSize(PULONG length, DEVINST instance, ULONG) {
+SUBSTITUTE_IMPORT(CONFIGRET, CM_Get_Device_ID_Size, (PULONG length, DEVINST instance, ULONG)) {
   if (systemScript().fails("CM_Get_Device_ID_Size")) return CR_FAILURE;
   *length = static_cast<ULONG>(idOf(instance).size());
   return CR_SUCCESS;
 }
 
-CONFIGRET WINAPI getDeviceId(DEVINST instance, PWSTR buffer, ULONG length, ULONG) {
+SUBSTITUTE_IMPORT(CONFIGRET, CM_Get_Device_IDW, (DEVINST instance, PWSTR buffer, ULONG length, ULONG)) {
   if (systemScript().fails("CM_Get_Device_IDW")) return CR_FAILURE;
   const std::wstring& id = idOf(instance);
   if (length < id.size() + 1) return CR_BUFFER_SMALL;
@@ -180,7 +186,8 @@ CONFIGRET WINAPI getDeviceId(DEVINST instance, PWSTR buffer, ULONG length, ULONG
   return CR_SUCCESS;
 }
 
-LSTATUS WINAPI getValue(HKEY root, LPCWSTR key, LPCWSTR name, DWORD flags, LPDWORD, PVOID buffer, LPDWORD bytes) {
+SUBSTITUTE_IMPORT(LSTATUS, RegGetValueW,
+                  (HKEY root, LPCWSTR key, LPCWSTR name, DWORD flags, LPDWORD, PVOID buffer, LPDWORD bytes)) {
   if (systemScript().fails("RegGetValueW")) return ERROR_ACCESS_DENIED;
   const auto text = scriptedSetupApi().registryTexts.find({key, name});
   if (root != HKEY_LOCAL_MACHINE || text == scriptedSetupApi().registryTexts.end()) return ERROR_FILE_NOT_FOUND;
@@ -191,21 +198,6 @@ LSTATUS WINAPI getValue(HKEY root, LPCWSTR key, LPCWSTR name, DWORD flags, LPDWO
       deliver(text->second.c_str(), (text->second.size() + 1) * sizeof(wchar_t), buffer, available, bytes);
   return delivered || !buffer ? ERROR_SUCCESS : ERROR_MORE_DATA;
 }
-
-}  // namespace
-
-SUBSTITUTE_IMPORT(SetupDiGetClassDevsW, getClassDevs);
-SUBSTITUTE_IMPORT(SetupDiDestroyDeviceInfoList, destroyDeviceInfoList);
-SUBSTITUTE_IMPORT(SetupDiEnumDeviceInfo, enumDeviceInfo);
-SUBSTITUTE_IMPORT(SetupDiGetDeviceInstanceIdW, getDeviceInstanceId);
-SUBSTITUTE_IMPORT(SetupDiEnumDeviceInterfaces, enumDeviceInterfaces);
-SUBSTITUTE_IMPORT(SetupDiGetDeviceInterfaceDetailW, getDeviceInterfaceDetail);
-SUBSTITUTE_IMPORT(SetupDiGetDeviceRegistryPropertyW, getDeviceRegistryProperty);
-SUBSTITUTE_IMPORT(SetupDiGetDeviceInterfacePropertyW, getDeviceInterfaceProperty);
-SUBSTITUTE_IMPORT(CM_Get_Parent, getParent);
-SUBSTITUTE_IMPORT(CM_Get_Device_ID_Size, getDeviceIdSize);
-SUBSTITUTE_IMPORT(CM_Get_Device_IDW, getDeviceId);
-SUBSTITUTE_IMPORT(RegGetValueW, getValue);
 
 ScriptedSetupApi& scriptedSetupApi() {
   static auto& setupApi = *new ScriptedSetupApi;

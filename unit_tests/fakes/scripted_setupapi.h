@@ -30,14 +30,9 @@ struct ScriptedDevice {
 
 /// The devices that SetupAPI and the configuration manager know, and what RegGetValueW finds below HKEY_LOCAL_MACHINE.
 struct ScriptedSetupApi {
-  struct Opening {
-    std::optional<GUID> devicesClass;
-    DWORD flags;
-  };
-
   std::vector<ScriptedDevice> devices;
-  /// Every opening of a device information set.
-  std::vector<Opening> openings;
+  /// Class, zeroes for none, and flags of every opening of a device information set.
+  std::vector<std::pair<GUID, DWORD>> openings;
   /// Buffer sizes, in bytes, of the calls that read an interface property.
   std::vector<DWORD> interfacePropertySizes;
   /// Registry key and value name to text.

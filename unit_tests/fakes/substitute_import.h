@@ -2,8 +2,12 @@
 
 #include <windows.h>
 
-/// Puts `replacement` in the place of a function that the product imports from a DLL, for the whole program.
-#define SUBSTITUTE_IMPORT(function, replacement) decltype(&function) __imp_##function = replacement
+/// Begins the definition of a function that takes the place, for the whole program, of one that the product imports
+/// from a DLL: its result, its name and its parameters.
+#define SUBSTITUTE_IMPORT(Result, function, parameters)           \
+  static Result WINAPI substituteFor##function parameters;        \
+  decltype(&function) __imp_##function = substituteFor##function; \
+  static Result WINAPI substituteFor##function parameters
 
 /// The system's own function behind one that is replaced.
 #define SYSTEM_FUNCTION(library, function) \

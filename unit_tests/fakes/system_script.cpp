@@ -14,16 +14,12 @@ namespace {
 
 std::atomic<int> arrays{0};
 
-int WINAPI toMultiByte(UINT codePage, DWORD flags, LPCWCH text, int length, LPSTR buffer, int size, LPCCH replacement,
-                       LPBOOL replaced) {
-  if (systemScript().fails("WideCharToMultiByte")) return 0;
-  return SYSTEM_FUNCTION("kernel32", WideCharToMultiByte)(codePage, flags, text, length, buffer, size, replacement,
-                                                          replaced);
-}
-
 }  // namespace
 
-SUBSTITUTE_IMPORT(WideCharToMultiByte, toMultiByte);
+SUBSTITUTE_IMPORT(int, WideCharToMultiByte, (auto... arguments)) {
+  if (systemScript().fails("WideCharToMultiByte")) return 0;
+  return SYSTEM_FUNCTION("kernel32", WideCharToMultiByte)(arguments...);
+}
 
 void* operator new[](std::size_t size) {
   void* block = std::malloc(size);

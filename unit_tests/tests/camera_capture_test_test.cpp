@@ -102,10 +102,10 @@ TEST_F(CaptureRun, SettingsSayHowLongThePictureIsShown) {
 TEST_F(CaptureRun, ABadTimeoutIsRefusedAndTheOldOneKept) {
   setTimeout("1");
   for (const char* value : {"abc", ""}) {
-    EXPECT_THAT([&] { setTimeout(value); }, ThrowsMessage<std::invalid_argument>("invalid stoul argument"));
+    ASSERT_THAT([&] { setTimeout(value); }, ThrowsMessage<std::invalid_argument>("invalid stoul argument"));
   }
   for (const char* value : {"4294967296", "99999999999999999999"}) {
-    EXPECT_THAT([&] { setTimeout(value); }, ThrowsMessage<std::out_of_range>("stoul argument out of range"));
+    ASSERT_THAT([&] { setTimeout(value); }, ThrowsMessage<std::out_of_range>("stoul argument out of range"));
   }
   EXPECT_EQ(run(), kTestPassed);
   EXPECT_EQ(capturer.framesTaken, 34);

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QBoxLayout>
-#include <QMetaEnum>
+#include <QVariant>
 #include <QWidget>
 
 /// A form as an indented list of its widgets: name (with '~' for `prefix`), class unless it is a plain widget, both
@@ -12,14 +12,10 @@ inline QString describeForm(const QWidget& widget, const QString& prefix, int de
   const QString className = widget.metaObject()->className();
   if (className != "QWidget") words += className;
 
-  const auto policies = [](const QSizePolicy& policy) {
-    const auto names = QMetaEnum::fromType<QSizePolicy::Policy>();
-    return QStringLiteral("%1/%2").arg(names.valueToKey(policy.horizontalPolicy()),
-                                       names.valueToKey(policy.verticalPolicy()));
-  };
-  if (policies(widget.sizePolicy()) != (className == "QPushButton" ? "Minimum/Fixed" : "Preferred/Preferred")) {
-    words += policies(widget.sizePolicy());
-  }
+  const QSizePolicy policy = widget.sizePolicy();
+  const QString policies = QVariant::fromValue(policy.horizontalPolicy()).toString() + '/' +
+                           QVariant::fromValue(policy.verticalPolicy()).toString();
+  if (policies != (className == "QPushButton" ? "Minimum/Fixed" : "Preferred/Preferred")) words += policies;
   if (widget.focusPolicy() == Qt::StrongFocus) words += "strong";
   if (const QLayout* const around = depth > 0 ? widget.parentWidget()->layout() : nullptr) {
     const QLayoutItem* const item = around->itemAt(around->indexOf(&widget));

@@ -11,14 +11,7 @@
 namespace {
 
 template <class Dialog>
-class PictureDialogTest : public DialogTest<Dialog> {
- protected:
-  void sendMouse(QEvent::Type type, QPoint position, QPoint global) {
-    const auto button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
-    QMouseEvent event(type, position, global, button, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(this->dialog.get(), &event);
-  }
-};
+class PictureDialogTest : public DialogTest<Dialog> {};
 using Dialogs = testing::Types<CameraDialog, CameraBarcodeDialog>;
 TYPED_TEST_SUITE(PictureDialogTest, Dialogs);
 
@@ -127,9 +120,14 @@ TYPED_TEST(PictureDialogTest, FollowsTheMouseUntilAReleaseOverTheHeader) {
     this->part("widget_header")->setAttribute(Qt::WA_UnderMouse, overHeader);
     this->part("header_close")->setAttribute(Qt::WA_UnderMouse, overClose);
   };
-  const auto press = [&] { this->sendMouse(QEvent::MouseButtonPress, {5, 7}, window.pos() + QPoint(5, 7)); };
+  const auto sendMouse = [&](QEvent::Type type, QPoint global) {
+    const auto button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
+    QMouseEvent event(type, QPoint(5, 7), global, button, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&window, &event);
+  };
+  const auto press = [&] { sendMouse(QEvent::MouseButtonPress, window.pos() + QPoint(5, 7)); };
   const auto follows = [&](QPoint global) {
-    this->sendMouse(QEvent::MouseMove, {0, 0}, global);
+    sendMouse(QEvent::MouseMove, global);
     return window.pos() == global - QPoint(5, 7);
   };
   hover(true, true);
@@ -144,10 +142,10 @@ TYPED_TEST(PictureDialogTest, FollowsTheMouseUntilAReleaseOverTheHeader) {
   EXPECT_EQ(window.cursor().shape(), Qt::ClosedHandCursor);
   EXPECT_TRUE(follows({103, 100}));
   hover(false, false);
-  this->sendMouse(QEvent::MouseButtonRelease, {5, 7}, {103, 100});
+  sendMouse(QEvent::MouseButtonRelease, {103, 100});
   EXPECT_TRUE(follows({130, 140})) << "a release elsewhere does not end the drag";
   hover(true, false);
-  this->sendMouse(QEvent::MouseButtonRelease, {5, 7}, {130, 140});
+  sendMouse(QEvent::MouseButtonRelease, {130, 140});
   EXPECT_FALSE(follows({150, 150}));
   EXPECT_EQ(window.cursor().shape(), Qt::ArrowCursor);
 }

@@ -33,7 +33,7 @@ TEST(StyleSheetTest, IsTakenApartWhateverItsAuthorWrote) {
       {"A,B:hover{X: 1 ; y :2}", "A {X: 1;y: 2;}B:hover {X: 1;y: 2;}"},
       {"/* A{x:1} */B/**/{/*;*/x:1/*}*/}C{x:\"/* no comment */\"}", "B {x: 1;}C {x: \"/* no comment */\";}"},
       {"A[t=\"a,b{\"]{x:url(a;b,c.svg);y:'};';z:1}", "A[t=\"a,b{\"] {x: url(a;b,c.svg);y: '};';z: 1;}"},
-      {"@import url(x);@media x{B{y:1}}A{x:1}", "A {x: 1;}"},
+      {"@import url(x);A{x:1}@media x{B{y:1}}C{z:1}", "A {x: 1;}C {z: 1;}"},
       {"A{x;:1;y:;z:1;;}", "A {z: 1;}"},
       {"A{} ,{x:1}}B{x:1", "A {}"},
       {"A{x:'it;y:1\n}B{y:2}", "A {x: 'it;y:1;}B {y: 2;}"},
