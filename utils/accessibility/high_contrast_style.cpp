@@ -56,6 +56,7 @@ constexpr Property radius(const char* pixels) {
 constexpr const char* kThin = "1px solid ";
 constexpr const char* kThick = "2px solid ";
 constexpr const char* kDashed = "2px dashed ";
+constexpr Property kNoBorder = {"border", "none"};
 constexpr Property kNoOutline = {"outline-style", "none"};
 
 struct ColorRule {
@@ -73,8 +74,8 @@ constexpr ColorRule kColorRules[] = {
      {background(kWindow), border(kThick, kWindowText), radius("8px")}},
     // The focus takes no place that was not there before. A picture has its own mark of it.
     {"QLabel", {text(kWindowText), {"border", "2px solid transparent"}, kNoOutline}},
-    {"QLabel#camera_capture_test_lb_image_view", {{"border", "none"}}},
-    {"QLabel#camera_barcode_test_camera_image", {{"border", "none"}}},
+    {"QLabel#camera_capture_test_lb_image_view", {kNoBorder}},
+    {"QLabel#camera_barcode_test_camera_image", {kNoBorder}},
     {"QLabel:disabled", {text(kGrayText)}},
     {"QLabel:focus", {border(kThick, kWindowText), radius("4px")}},
     {"*:selected", {background(kHighlight), text(kHighlightText)}},
