@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
-bool CameraDescription::hasFault(FaultKind kind) const {
-  return std::ranges::any_of(faults, [kind](const Fault& fault) { return fault.kind == kind; });
+const Fault* CameraDescription::fault(FaultKind kind) const {
+  const auto found = std::ranges::find(faults, kind, &Fault::kind);
+  return found == faults.end() ? nullptr : &*found;
 }

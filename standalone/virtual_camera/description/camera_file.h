@@ -14,9 +14,12 @@ struct CameraFile {
   QString error;
 };
 
+/// Whether the barcodes of a description must have been drawn: they must for being shown, not for a check.
+enum class Codes { kDrawn, kDrawnOrNot };
+
 /// Reads a camera description file (JSON).
-[[nodiscard]] CameraFile readCameraFile(const QString& path);
+[[nodiscard]] CameraFile readCameraFile(const QString& path, Codes codes = Codes::kDrawn);
 
 /// Reads the text of a camera description. `path` is named in the error sentence, and relative picture files are looked
 /// for beside it.
-[[nodiscard]] CameraFile parseCameraFile(const QByteArray& json, const QString& path);
+[[nodiscard]] CameraFile parseCameraFile(const QByteArray& json, const QString& path, Codes codes = Codes::kDrawn);

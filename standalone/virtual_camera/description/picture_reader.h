@@ -5,5 +5,11 @@
 #include "standalone/virtual_camera/description/camera_description.h"
 #include "standalone/virtual_camera/description/json_object_reader.h"
 
-/// Reads what a camera looks at; image files are looked for in `folder`. Throws JsonContentError.
-[[nodiscard]] PictureDescription readPicture(const JsonObjectReader& reader, const QDir& folder);
+/// The files of a description's pictures.
+struct PictureFiles {
+  QDir folder;                    ///< where they are looked for
+  bool codesMustBeDrawn = false;  ///< whether a code without an image is a mistake
+};
+
+/// Reads what a camera looks at. Throws JsonContentError.
+[[nodiscard]] PictureDescription readPicture(const JsonObjectReader& reader, const PictureFiles& files);

@@ -2,12 +2,16 @@
 
 #include <mferror.h>
 
+#include <chrono>
 #include <cmath>
+#include <thread>
 #include <utility>
 
 #include "standalone/virtual_camera/media_source/frame_sample.h"
-#include "standalone/virtual_camera/media_source/removal_broadcast.h"
+#include "standalone/virtual_camera/media_source/plug_time_line.h"
 #include "standalone/virtual_camera/media_source/sample_marks.h"
+#include "standalone/virtual_camera/pictures/covered_lens.h"
+#include "standalone/virtual_camera/planter/device_presence.h"
 
 using Microsoft::WRL::ComPtr;
 
@@ -25,6 +29,8 @@ HRESULT statusOf(FaultKind cause) {
       return MF_E_VIDEO_RECORDING_DEVICE_PREEMPTED;
     case FaultKind::kInvalidated:
       return MF_E_VIDEO_RECORDING_DEVICE_INVALIDATED;
+    case FaultKind::kReadRefused:
+      return MF_E_HW_MFT_FAILED_START_STREAMING;
     default:
       return HRESULT_FROM_WIN32(ERROR_GEN_FAILURE);
   }
@@ -78,6 +84,9 @@ HRESULT CameraSource::CreatePresentationDescriptor(IMFPresentationDescriptor** d
   if (FAILED(status)) return status;
   status = made->SelectStream(0);
   if (FAILED(status)) return status;
+  if (camera.fault(FaultKind::kReadRefused)) {
+    made->SetUINT32(sample_marks::kReadRefused, static_cast<UINT32>(statusOf(FaultKind::kReadRefused)));
+  }
   *descriptor = made.Detach();
   return S_OK;
 }
@@ -91,8 +100,11 @@ HRESULT CameraSource::Start(IMFPresentationDescriptor* descriptor, const GUID* t
   if (isShutDown) return MF_E_SHUTDOWN;
 
   pacer.stop();
+  endPlugTimeLine(symbolicLink);
   ticksSent = 0;
-  removalSent = false;
+  unlockablesSent = 0;
+  othersRemoved = 0;
+  gone = false;
   ended = false;
   pictureSize = camera.size;
   picture = makePictureSource(camera.picture, pictureSize);
@@ -103,14 +115,17 @@ HRESULT CameraSource::Start(IMFPresentationDescriptor* descriptor, const GUID* t
   status = queueEvent(MESourceStarted, position);
   if (FAILED(status)) return status;
   stream.start(position);
-  pacer.start(camera.framesPerSecond, [this](quint64 number, double seconds) { frameTime(number, seconds); });
+  isRunning = true;
+  pacer.start(
+      camera.framesPerSecond, [this](quint64 number, double seconds) { frameTime(number, seconds); },
+      [this](quint64 number, double seconds) { return streamStateAt(camera.faults, number, seconds).lateness; });
   return S_OK;
 }
 
 HRESULT CameraSource::Stop() {
   const std::lock_guard lock(control);
   if (isShutDown) return MF_E_SHUTDOWN;
-  pacer.stop();
+  endStream();
   stream.stop();
   return queueEvent(MESourceStopped);
 }
@@ -124,18 +139,31 @@ HRESULT CameraSource::Shutdown() {
   const std::lock_guard lock(control);
   if (isShutDown) return MF_E_SHUTDOWN;
   isShutDown = true;
-  pacer.stop();
+  endStream();
   stream.shutdown();
   return events ? events->Shutdown() : S_OK;
 }
 
+void CameraSource::endStream() {
+  pacer.stop();
+  if (!std::exchange(isRunning, false)) return;
+  if (const Fault* slow = camera.fault(FaultKind::kSlowStop)) {
+    std::this_thread::sleep_for(std::chrono::duration<double>(slow->duration));
+  }
+}
+
+bool CameraSource::isGone(const StreamState& state, double seconds) {
+  if (gone) return true;
+  if (state.removed) startPlugTimeLine(symbolicLink, camera.faults, seconds);
+  gone = state.removed || !isPluggedIn(symbolicLink);
+  return gone;
+}
+
 void CameraSource::frameTime(quint64 number, double seconds) {
   if (ended) return;
-  const StreamState state = streamStateAt(camera.faults, seconds);
-  if (state.removed && !removalSent) {
-    removalSent = true;
-    broadcastRemoval(symbolicLink.toStdWString());
-  }
+  const StreamState state = streamStateAt(camera.faults, number, seconds);
+  if (isGone(state, seconds)) return;
+  for (; othersRemoved < state.othersRemoved; ++othersRemoved) broadcastRemovalOfAnother();
   // Also in a stall: a tick says that there is a gap.
   if (state.ticks > ticksSent && stream.hasRequest()) {
     ++ticksSent;
@@ -156,10 +184,11 @@ void CameraSource::frameTime(quint64 number, double seconds) {
     case StreamState::Kind::kFrames:
       break;
   }
-  if (stream.hasRequest()) deliverFrame(number, seconds, state.size.value_or(camera.size));
+  if (stream.hasRequest()) deliverFrame(number, seconds, state);
 }
 
-void CameraSource::deliverFrame(quint64 number, double seconds, QSize size) {
+void CameraSource::deliverFrame(quint64 number, double seconds, const StreamState& state) {
+  const QSize size = state.size.value_or(camera.size);
   const bool isNewSize = size != pictureSize;
   if (isNewSize) {
     pictureSize = size;
@@ -167,9 +196,11 @@ void CameraSource::deliverFrame(quint64 number, double seconds, QSize size) {
     ComPtr<IMFMediaType> type;
     if (SUCCEEDED(makeMediaType(camera, size, &type))) stream.changeFormat(type.Get());
   }
+  const bool locksAtOnce = state.unlockables == unlockablesSent;
+  if (!locksAtOnce) ++unlockablesSent;
   ComPtr<IMFSample> sample;
-  if (FAILED(makeFrameSample(picture->frameAt(number, seconds), camera.stride, mediaTime(seconds),
-                             mediaTime(1 / camera.framesPerSecond), &sample))) {
+  if (FAILED(makeFrameSample(drawFrame(number, seconds, state), {camera.stride, state.share, locksAtOnce},
+                             mediaTime(seconds), mediaTime(1 / camera.framesPerSecond), &sample))) {
     return;
   }
   if (isNewSize) sample->SetUINT32(sample_marks::kMediaTypeChanged, 1);
@@ -182,4 +213,21 @@ void CameraSource::deliverFailure(FaultKind cause) {
   sample->SetUINT32(sample_marks::kReadFails, static_cast<UINT32>(statusOf(cause)));
   sample->SetSampleTime(0);
   stream.deliver(sample.Get());
+}
+
+QImage CameraSource::drawFrame(quint64 number, double seconds, const StreamState& state) {
+  switch (state.view) {
+    case StreamState::View::kBlack: {
+      QImage black(pictureSize, QImage::Format_RGB32);
+      black.fill(Qt::black);
+      return black;
+    }
+    case StreamState::View::kCovered:
+      return coveredLens(pictureSize, number);
+    case StreamState::View::kScene:
+      break;
+  }
+  if (!state.frozenAt) return picture->frameAt(number, seconds);
+  return picture->frameAt(static_cast<quint64>(std::llround(*state.frozenAt * camera.framesPerSecond)),
+                          *state.frozenAt);
 }

@@ -12,10 +12,11 @@
 #include "standalone/virtual_camera/pictures/picture_source.h"
 
 /// A camera as a live media source with one video stream. Frames come at the camera's rate, one for each request that
-/// waits at a frame time. Each start begins the picture's time and the time line of the faults anew.
+/// waits at a frame time, until the camera is unplugged; that it is plugged in again does not bring them back. Each
+/// start begins the picture's time and the time line of the faults anew.
 class CameraSource final : public ComObject<EventGenerator<IMFMediaSource>, IMFMediaEventGenerator, IMFMediaSource> {
  public:
-  /// `symbolicLink` is what a removal broadcast names. The caller gets the one reference.
+  /// `symbolicLink` is that of a planted camera. The caller gets the one reference.
   static HRESULT create(const CameraDescription& camera, const QString& symbolicLink, IMFMediaSource** source);
 
   HRESULT STDMETHODCALLTYPE GetCharacteristics(DWORD* characteristics) override;
@@ -31,9 +32,12 @@ class CameraSource final : public ComObject<EventGenerator<IMFMediaSource>, IMFM
   ~CameraSource() override;
 
   HRESULT initialise();
+  void endStream();
+  bool isGone(const StreamState& state, double seconds);
   void frameTime(quint64 number, double seconds);
-  void deliverFrame(quint64 number, double seconds, QSize size);
+  void deliverFrame(quint64 number, double seconds, const StreamState& state);
   void deliverFailure(FaultKind cause);
+  QImage drawFrame(quint64 number, double seconds, const StreamState& state);
 
   const CameraDescription camera;
   const QString symbolicLink;
@@ -42,12 +46,15 @@ class CameraSource final : public ComObject<EventGenerator<IMFMediaSource>, IMFM
   std::mutex control;  // held by Start, Stop and Shutdown; the pacer never waits for it
   bool isShutDown = false;
   bool wasStarted = false;
+  bool isRunning = false;
 
   // The pacer's thread only, while it runs.
   std::unique_ptr<PictureSource> picture;
   QSize pictureSize;
   int ticksSent = 0;
-  bool removalSent = false;
+  int unlockablesSent = 0;
+  int othersRemoved = 0;
+  bool gone = false;
   bool ended = false;
 
   FramePacer pacer;  // last: it is gone before what its callback uses

@@ -9,28 +9,41 @@
 #include <QtDebug>
 
 #include <algorithm>
+#include <chrono>
+#include <thread>
 #include <vector>
 
-#include "standalone/virtual_camera/description/camera_file.h"
-#include "standalone/virtual_camera/description/camera_identity.h"
 #include "standalone/virtual_camera/media_source/camera_activate.h"
 #include "standalone/virtual_camera/media_source/camera_source.h"
-#include "standalone/virtual_camera/planter/planted_description.h"
+#include "standalone/virtual_camera/planter/device_presence.h"
+#include "standalone/virtual_camera/planter/planted_cameras.h"
 
 using Microsoft::WRL::ComPtr;
 
 namespace {
 
-HRESULT readPlantedCameras(std::vector<CameraDescription>& cameras) {
-  const QString path = plantedDescriptionPath();
-  if (path.isEmpty()) return S_OK;
-  CameraFile file = readCameraFile(path);
-  if (!file.error.isEmpty()) {
-    qWarning("%s", qPrintable(file.error));
+// The cameras that are plugged in.
+HRESULT readPresentCameras(std::vector<PlantedCamera>& cameras) {
+  PlantedCameras planted = plantedCameras();
+  if (!planted.error.isEmpty()) {
+    qWarning("%s", qPrintable(planted.error));
     return HRESULT_FROM_WIN32(ERROR_INVALID_DATA);
   }
-  cameras = std::move(file.cameras);
+  std::erase_if(planted.cameras, [](const PlantedCamera& camera) { return !isPluggedIn(camera.symbolicLink); });
+  cameras = std::move(planted.cameras);
   return S_OK;
+}
+
+// What the faults have before a camera can be opened.
+HRESULT letOpen(const PlantedCamera& camera) {
+  const CameraDescription& description = camera.description;
+  const int opens = countOpen(camera.symbolicLink);
+  if (const Fault* slow = description.fault(FaultKind::kSlowOpen)) {
+    std::this_thread::sleep_for(std::chrono::duration<double>(slow->duration));
+  }
+  const Fault* busy = description.fault(FaultKind::kBusy);
+  if (busy && opens <= busy->times) return HRESULT_FROM_WIN32(ERROR_BUSY);
+  return description.fault(FaultKind::kNoOpen) ? E_ACCESSDENIED : S_OK;
 }
 
 HRESULT checkSourceType(IMFAttributes* attributes, bool& isVideo) {
@@ -61,13 +74,13 @@ HRESULT WINAPI MFEnumDeviceSources(IMFAttributes* attributes, IMFActivate*** sou
   bool isVideo = false;
   HRESULT status = checkSourceType(attributes, isVideo);
   if (FAILED(status) || !isVideo) return status;
-  std::vector<CameraDescription> cameras;
-  status = readPlantedCameras(cameras);
+  std::vector<PlantedCamera> cameras;
+  status = readPresentCameras(cameras);
   if (FAILED(status) || cameras.empty()) return status;
 
   std::vector<ComPtr<IMFActivate>> made(cameras.size());
   for (std::size_t i = 0; i < cameras.size(); ++i) {
-    status = CameraActivate::create(cameras[i], identityOf(cameras[i], i).symbolicLink, &made[i]);
+    status = CameraActivate::create(cameras[i].description, cameras[i].symbolicLink, &made[i]);
     if (FAILED(status)) return status;
   }
   auto* list = static_cast<IMFActivate**>(CoTaskMemAlloc(made.size() * sizeof(IMFActivate*)));
@@ -88,15 +101,14 @@ HRESULT WINAPI MFCreateDeviceSource(IMFAttributes* attributes, IMFMediaSource** 
   QString link;
   status = readSymbolicLink(attributes, link);
   if (FAILED(status)) return status;
-  std::vector<CameraDescription> cameras;
-  status = readPlantedCameras(cameras);
+  std::vector<PlantedCamera> cameras;
+  status = readPresentCameras(cameras);
   if (FAILED(status)) return status;
 
-  for (std::size_t i = 0; i < cameras.size(); ++i) {
-    const QString ownLink = identityOf(cameras[i], i).symbolicLink;
-    if (ownLink.compare(link, Qt::CaseInsensitive) != 0) continue;
-    if (cameras[i].hasFault(FaultKind::kNoOpen)) return E_ACCESSDENIED;
-    return CameraSource::create(cameras[i], ownLink, source);
-  }
-  return HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND);
+  const auto camera = std::ranges::find_if(cameras, [&link](const PlantedCamera& present) {
+    return present.symbolicLink.compare(link, Qt::CaseInsensitive) == 0;
+  });
+  if (camera == cameras.end()) return HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND);
+  status = letOpen(*camera);
+  return FAILED(status) ? status : CameraSource::create(camera->description, camera->symbolicLink, source);
 }

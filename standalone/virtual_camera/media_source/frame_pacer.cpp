@@ -5,10 +5,12 @@
 #include <cmath>
 #include <utility>
 
-void FramePacer::start(double framesPerSecond, Callback callback) {
+void FramePacer::start(double framesPerSecond, Callback callback, Lateness lateness) {
   stop();
   stopping = false;
-  thread = std::thread([this, framesPerSecond, call = std::move(callback)] { run(framesPerSecond, call); });
+  thread = std::thread([this, framesPerSecond, call = std::move(callback), late = std::move(lateness)] {
+    run(framesPerSecond, call, late);
+  });
 }
 
 void FramePacer::stop() {
@@ -21,7 +23,7 @@ void FramePacer::stop() {
   thread.join();
 }
 
-void FramePacer::run(double framesPerSecond, const Callback& callback) {
+void FramePacer::run(double framesPerSecond, const Callback& callback, const Lateness& lateness) {
   using Clock = std::chrono::steady_clock;
   using Seconds = std::chrono::duration<double>;
   const Clock::time_point start = Clock::now();
@@ -29,9 +31,8 @@ void FramePacer::run(double framesPerSecond, const Callback& callback) {
   std::unique_lock lock(mutex);
   for (quint64 number = 0;;) {
     const Seconds due(static_cast<double>(number) / framesPerSecond);
-    if (wake.wait_until(lock, start + std::chrono::duration_cast<Clock::duration>(due), [this] { return stopping; })) {
-      return;
-    }
+    const auto wait = std::chrono::duration_cast<Clock::duration>(due + Seconds(lateness(number, due.count())));
+    if (wake.wait_until(lock, start + wait, [this] { return stopping; })) return;
     lock.unlock();
     callback(number, due.count());
     lock.lock();

@@ -6,6 +6,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <span>
+
+#include "standalone/virtual_camera/media_source/unlockable_buffer.h"
 
 using Microsoft::WRL::ComPtr;
 
@@ -27,13 +30,32 @@ UINT64 rateOf(double framesPerSecond) {
   return pairOf(static_cast<UINT32>(std::lround(framesPerSecond * kParts)), static_cast<UINT32>(kParts));
 }
 
-void copyRows(const QImage& image, Stride stride, QRgb* destination) {
-  const int width = image.width();
-  for (int row = 0; row < image.height(); ++row) {
+// As many pixels as there is room for.
+void copyRows(const QImage& image, Stride stride, std::span<QRgb> destination) {
+  const auto width = static_cast<std::size_t>(image.width());
+  for (int row = 0; !destination.empty(); ++row) {
     const int from = stride == Stride::kNegative ? image.height() - 1 - row : row;
     const auto* pixels = reinterpret_cast<const QRgb*>(image.constScanLine(from));
-    destination = std::transform(pixels, pixels + width, destination, [](QRgb pixel) { return pixel & kColourBits; });
+    const std::size_t count = std::min(width, destination.size());
+    std::transform(pixels, pixels + count, destination.begin(), [](QRgb pixel) { return pixel & kColourBits; });
+    destination = destination.subspan(count);
   }
+}
+
+HRESULT makeFrameBuffer(const QImage& image, const FrameForm& form, IMFMediaBuffer** buffer) {
+  const auto pixels = static_cast<std::size_t>(form.share * image.width() * image.height());
+  const auto size = static_cast<DWORD>(pixels * kBytesPerPixel);
+  ComPtr<IMFMediaBuffer> made;
+  HRESULT status = MFCreateMemoryBuffer(size, &made);
+  if (FAILED(status)) return status;
+  BYTE* bytes = nullptr;
+  status = made->Lock(&bytes, nullptr, nullptr);
+  if (FAILED(status)) return status;
+  copyRows(image, form.stride, {reinterpret_cast<QRgb*>(bytes), pixels});
+  made->Unlock();
+  made->SetCurrentLength(size);
+  *buffer = form.locksAtOnce ? made.Detach() : ComPtr<IMFMediaBuffer>(new UnlockableBuffer(made.Get())).Detach();
+  return S_OK;
 }
 
 }  // namespace
@@ -41,7 +63,7 @@ void copyRows(const QImage& image, Stride stride, QRgb* destination) {
 HRESULT makeMediaType(const CameraDescription& camera, QSize size, IMFMediaType** type) {
   const auto width = static_cast<UINT32>(size.width());
   const auto height = static_cast<UINT32>(size.height());
-  const bool isRgb32 = !camera.hasFault(FaultKind::kNotRgb32);
+  const bool isRgb32 = !camera.fault(FaultKind::kNotRgb32);
 
   ComPtr<IMFMediaType> made;
   HRESULT status = MFCreateMediaType(&made);
@@ -63,18 +85,11 @@ HRESULT makeMediaType(const CameraDescription& camera, QSize size, IMFMediaType*
   return S_OK;
 }
 
-HRESULT makeFrameSample(const QImage& image, Stride stride, LONGLONG time, LONGLONG duration, IMFSample** sample) {
-  const auto size = static_cast<DWORD>(image.width()) * static_cast<DWORD>(image.height()) * kBytesPerPixel;
+HRESULT makeFrameSample(const QImage& image, const FrameForm& form, LONGLONG time, LONGLONG duration,
+                        IMFSample** sample) {
   ComPtr<IMFMediaBuffer> buffer;
-  HRESULT status = MFCreateMemoryBuffer(size, &buffer);
+  HRESULT status = makeFrameBuffer(image, form, &buffer);
   if (FAILED(status)) return status;
-
-  BYTE* bytes = nullptr;
-  status = buffer->Lock(&bytes, nullptr, nullptr);
-  if (FAILED(status)) return status;
-  copyRows(image, stride, reinterpret_cast<QRgb*>(bytes));
-  buffer->Unlock();
-  buffer->SetCurrentLength(size);
 
   ComPtr<IMFSample> made;
   status = MFCreateSample(&made);

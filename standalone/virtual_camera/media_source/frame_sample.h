@@ -9,6 +9,14 @@
 /// The media type of a camera's frames: RGB32, or for a camera with the fault NotRgb32 a format that nobody knows.
 HRESULT makeMediaType(const CameraDescription& camera, QSize size, IMFMediaType** type);
 
-/// A sample that holds `image` (Format_RGB32) as RGB32 in one buffer, the unused byte of each pixel 0, its rows in the
-/// order that `stride` says. Times are in units of 100 ns.
-HRESULT makeFrameSample(const QImage& image, Stride stride, LONGLONG time, LONGLONG duration, IMFSample** sample);
+/// How a frame is put into its sample.
+struct FrameForm {
+  Stride stride = Stride::kPositive;  ///< the order of the rows
+  double share = 1;                   ///< how much of the frame the buffer holds, from the beginning
+  bool locksAtOnce = true;            ///< whether the buffer can be locked at the first attempt
+};
+
+/// A sample that holds `image` (Format_RGB32) as RGB32 in one buffer, the unused byte of each pixel 0. Times are in
+/// units of 100 ns.
+HRESULT makeFrameSample(const QImage& image, const FrameForm& form, LONGLONG time, LONGLONG duration,
+                        IMFSample** sample);

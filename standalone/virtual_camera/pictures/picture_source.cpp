@@ -1,6 +1,7 @@
 #include "standalone/virtual_camera/pictures/picture_source.h"
 
 #include "standalone/virtual_camera/pictures/barcode_scene.h"
+#include "standalone/virtual_camera/pictures/image_sequence.h"
 #include "standalone/virtual_camera/pictures/still_image.h"
 #include "standalone/virtual_camera/pictures/test_pattern.h"
 
@@ -14,6 +15,9 @@ struct Maker {
   }
   std::unique_ptr<PictureSource> operator()(const ImageFilePicture& image) const {
     return std::make_unique<StillImage>(QImage(image.file), size);
+  }
+  std::unique_ptr<PictureSource> operator()(const ImageSequencePicture& images) const {
+    return std::make_unique<ImageSequence>(images, size);
   }
   std::unique_ptr<PictureSource> operator()(const BarcodePicture& barcodes) const {
     return std::make_unique<BarcodeScene>(barcodes, size);

@@ -7,7 +7,8 @@
 #include <vector>
 
 #include "standalone/virtual_camera/description/camera_identity.h"
-#include "standalone/virtual_camera/planter/planted_description.h"
+#include "standalone/virtual_camera/planter/device_keys.h"
+#include "standalone/virtual_camera/planter/device_presence.h"
 #include "standalone/virtual_camera/planter/registry_key.h"
 
 namespace {
@@ -48,9 +49,7 @@ DeviceKeys keysOf(const CameraDescription& camera, std::size_t position) {
       std::wstring(setupClassGuid(camera.setupClass)) + L'\\' + std::to_wstring(kFirstDriverNumber + position);
   keys.device = L"SYSTEM\\CurrentControlSet\\Enum\\" + keys.instanceId;
   keys.driverKey = control + L"Class\\" + keys.driver;
-  // A link \\?\usb#... has the key ##?#usb#...
-  keys.interfaceKey = control + L"DeviceClasses\\" + cameraInterfaceClass().toStdWString() + L"\\##?#" +
-                      keys.symbolicLink.substr(std::wstring(L"\\\\?\\").size());
+  keys.interfaceKey = interfaceKey(keys.symbolicLink);
   return keys;
 }
 
@@ -74,25 +73,7 @@ void plant(const CameraDescription& camera, const DeviceKeys& keys) {
 
   RegistryKey(keys.interfaceKey).setText(L"DeviceInstance", keys.instanceId);
   RegistryKey(keys.interfaceKey + L"\\#").setText(L"SymbolicLink", keys.symbolicLink);
-  // SetupAPI takes a linked interface for one that is present.
-  RegistryKey(keys.interfaceKey + L"\\#\\Control").setNumber(L"Linked", 1);
-}
-
-std::vector<std::wstring> recordedKeys() {
-  DWORD bytes = 0;
-  if (RegGetValueW(HKEY_LOCAL_MACHINE, kPlantRecordKey, kPlantRecordKeys, RRF_RT_REG_MULTI_SZ, nullptr, nullptr,
-                   &bytes) != ERROR_SUCCESS) {
-    return {};
-  }
-  std::vector<wchar_t> list(bytes / sizeof(wchar_t) + 2);
-  bytes = static_cast<DWORD>(list.size() * sizeof(wchar_t));
-  if (RegGetValueW(HKEY_LOCAL_MACHINE, kPlantRecordKey, kPlantRecordKeys, RRF_RT_REG_MULTI_SZ, nullptr, list.data(),
-                   &bytes) != ERROR_SUCCESS) {
-    return {};
-  }
-  std::vector<std::wstring> keys;
-  for (const wchar_t* key = list.data(); *key; key += keys.back().size() + 1) keys.emplace_back(key);
-  return keys;
+  RegistryKey(interfaceControlKey(keys.symbolicLink)).setNumber(kLinked, 0);
 }
 
 QString deleteTree(const std::wstring& path) {
@@ -103,32 +84,46 @@ QString deleteTree(const std::wstring& path) {
       .arg(status);
 }
 
+QString setAllPluggedIn(const std::vector<std::wstring>& links, bool pluggedIn) {
+  for (const std::wstring& link : links) {
+    if (QString error = setPluggedIn(QString::fromStdWString(link), pluggedIn); !error.isEmpty()) return error;
+  }
+  return {};
+}
+
 }  // namespace
 
 QString plantCameras(std::span<const CameraDescription> cameras, const QString& descriptionPath) {
   if (QString error = unplantCameras(); !error.isEmpty()) return error;
   std::vector<DeviceKeys> devices;
-  std::vector<std::wstring> record;
+  std::vector<std::wstring> keys;
+  std::vector<std::wstring> links;
   for (std::size_t i = 0; i < cameras.size(); ++i) {
     devices.push_back(keysOf(cameras[i], i));
-    record.insert(record.end(), {devices[i].device, devices[i].interfaceKey, devices[i].driverKey});
+    keys.insert(keys.end(), {devices[i].device, devices[i].interfaceKey, devices[i].driverKey});
+    links.push_back(devices[i].symbolicLink);
   }
+  QString error;
   try {
     // The record first: what is written after it can always be found and removed again.
-    RegistryKey recordKey(kPlantRecordKey);
-    recordKey.setTexts(kPlantRecordKeys, record);
+    RegistryKey record(kPlantRecordKey);
+    record.setTexts(kPlantRecordKeys, keys);
+    record.setTexts(kPlantRecordLinks, links);
     for (std::size_t i = 0; i < cameras.size(); ++i) plant(cameras[i], devices[i]);
-    recordKey.setText(kPlantRecordDescription, descriptionPath.toStdWString());
-  } catch (const std::system_error& error) {
-    static_cast<void>(unplantCameras());
-    return QStringLiteral("The cameras cannot be planted: %1.").arg(QString::fromStdString(error.what()));
+    record.setText(kPlantRecordDescription, descriptionPath.toStdWString());
+    error = setAllPluggedIn(links, true);
+  } catch (const std::system_error& failure) {
+    error = QStringLiteral("The cameras cannot be planted: %1.").arg(QString::fromStdString(failure.what()));
   }
-  return {};
+  if (!error.isEmpty()) static_cast<void>(unplantCameras());
+  return error;
 }
 
 QString unplantCameras() {
-  for (const std::wstring& key : recordedKeys()) {
-    if (QString error = deleteTree(key); !error.isEmpty()) return error;
+  const QString error = setAllPluggedIn(readTexts(kPlantRecordKey, kPlantRecordLinks), false);
+  for (const std::wstring& key : readTexts(kPlantRecordKey, kPlantRecordKeys)) {
+    if (QString failure = deleteTree(key); !failure.isEmpty()) return failure;
   }
-  return deleteTree(kPlantRecordKey);
+  if (QString failure = deleteTree(kPlantRecordKey); !failure.isEmpty()) return failure;
+  return error;
 }

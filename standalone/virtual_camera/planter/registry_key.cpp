@@ -37,3 +37,28 @@ void RegistryKey::setNumber(const wchar_t* name, DWORD number) {
 void RegistryKey::set(const wchar_t* name, DWORD type, const void* data, std::size_t bytes) {
   check(RegSetValueExW(key, name, 0, type, static_cast<const BYTE*>(data), static_cast<DWORD>(bytes)), path);
 }
+
+std::vector<std::wstring> readTexts(const std::wstring& path, const wchar_t* name) {
+  constexpr DWORD kTexts = RRF_RT_REG_SZ | RRF_RT_REG_MULTI_SZ;
+  DWORD bytes = 0;
+  if (RegGetValueW(HKEY_LOCAL_MACHINE, path.c_str(), name, kTexts, nullptr, nullptr, &bytes) != ERROR_SUCCESS) {
+    return {};
+  }
+  // Two zeros end a list, also one that is a single text.
+  std::vector<wchar_t> list(bytes / sizeof(wchar_t) + 2);
+  bytes = static_cast<DWORD>((list.size() - 1) * sizeof(wchar_t));
+  if (RegGetValueW(HKEY_LOCAL_MACHINE, path.c_str(), name, kTexts, nullptr, list.data(), &bytes) != ERROR_SUCCESS) {
+    return {};
+  }
+  std::vector<std::wstring> texts;
+  for (const wchar_t* text = list.data(); *text; text += texts.back().size() + 1) texts.emplace_back(text);
+  return texts;
+}
+
+std::optional<DWORD> readNumber(const std::wstring& path, const wchar_t* name) {
+  DWORD number = 0;
+  DWORD bytes = sizeof number;
+  const LSTATUS status =
+      RegGetValueW(HKEY_LOCAL_MACHINE, path.c_str(), name, RRF_RT_REG_DWORD, nullptr, &number, &bytes);
+  return status == ERROR_SUCCESS ? std::optional(number) : std::nullopt;
+}

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -24,3 +25,9 @@ class RegistryKey {
   std::wstring path;
   HKEY key = nullptr;
 };
+
+/// The texts of a value below HKEY_LOCAL_MACHINE, which holds one or several; none when it is not there.
+[[nodiscard]] std::vector<std::wstring> readTexts(const std::wstring& path, const wchar_t* name);
+
+/// The number of a value below HKEY_LOCAL_MACHINE, if it is there.
+[[nodiscard]] std::optional<DWORD> readNumber(const std::wstring& path, const wchar_t* name);

@@ -1,4 +1,5 @@
-// The system's source reader, with a ReportingCallback before the program's callback. Exports only what reads a camera.
+// The system's source reader, with a ReportingCallback before the program's callback, or behind a RefusingReader.
+// Exports only what reads a camera.
 
 #include <windows.h>
 #include <mfidl.h>
@@ -7,6 +8,8 @@
 
 #include <string>
 
+#include "standalone/virtual_camera/media_source/sample_marks.h"
+#include "standalone/virtual_camera/source_reader/refusing_reader.h"
 #include "standalone/virtual_camera/source_reader/reporting_callback.h"
 
 using Microsoft::WRL::ComPtr;
@@ -26,6 +29,14 @@ CreateReader systemFunction() {
   return function == &MFCreateSourceReaderFromMediaSource ? nullptr : function;
 }
 
+// What a camera lets every call fail with that asks for a sample; S_OK for another source.
+HRESULT refusalOf(IMFMediaSource* source) {
+  ComPtr<IMFPresentationDescriptor> descriptor;
+  UINT32 mark = S_OK;
+  if (!source || FAILED(source->CreatePresentationDescriptor(&descriptor))) return S_OK;
+  return SUCCEEDED(descriptor->GetUINT32(sample_marks::kReadRefused, &mark)) ? static_cast<HRESULT>(mark) : S_OK;
+}
+
 }  // namespace
 
 HRESULT WINAPI MFCreateSourceReaderFromMediaSource(IMFMediaSource* source, IMFAttributes* attributes,
@@ -33,6 +44,12 @@ HRESULT WINAPI MFCreateSourceReaderFromMediaSource(IMFMediaSource* source, IMFAt
   static const CreateReader create = systemFunction();
   if (!create) return HRESULT_FROM_WIN32(ERROR_PROC_NOT_FOUND);
   ComPtr<IMFAttributes> reporting;
-  const HRESULT status = withReportingCallback(attributes, &reporting);
-  return FAILED(status) ? status : create(source, reporting.Get(), reader);
+  HRESULT status = withReportingCallback(attributes, &reporting);
+  if (FAILED(status)) return status;
+  ComPtr<IMFSourceReader> made;
+  status = create(source, reporting.Get(), &made);
+  if (FAILED(status)) return status;
+  const HRESULT refusal = refusalOf(source);
+  *reader = FAILED(refusal) ? ComPtr<IMFSourceReader>(new RefusingReader(made.Get(), refusal)).Detach() : made.Detach();
+  return S_OK;
 }
