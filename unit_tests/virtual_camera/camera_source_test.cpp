@@ -11,9 +11,11 @@
 #include <QTemporaryDir>
 
 #include <chrono>
+#include <cstring>
 #include <optional>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -58,21 +60,23 @@ class VirtualCamera : public testing::Test {
     ASSERT_EQ(plantCameras(read.cameras, path), QString());
   }
 
-  HRESULT open() {
+  static ComPtr<IMFAttributes> captureDevices() {
     ComPtr<IMFAttributes> attributes;
     MFCreateAttributes(&attributes, 2);
     attributes->SetGUID(MF_DEVSOURCE_ATTRIBUTE_SOURCE_TYPE, MF_DEVSOURCE_ATTRIBUTE_SOURCE_TYPE_VIDCAP_GUID);
+    return attributes;
+  }
+
+  HRESULT open() {
+    const auto attributes = captureDevices();
     attributes->SetString(MF_DEVSOURCE_ATTRIBUTE_SOURCE_TYPE_VIDCAP_SYMBOLIC_LINK, link.toStdWString().c_str());
     return MFCreateDeviceSource(attributes.Get(), &source);
   }
 
-  UINT32 listed() {
-    ComPtr<IMFAttributes> attributes;
-    MFCreateAttributes(&attributes, 1);
-    attributes->SetGUID(MF_DEVSOURCE_ATTRIBUTE_SOURCE_TYPE, MF_DEVSOURCE_ATTRIBUTE_SOURCE_TYPE_VIDCAP_GUID);
+  static UINT32 listed() {
     IMFActivate** activates = nullptr;
     UINT32 count = 0;
-    EXPECT_EQ(MFEnumDeviceSources(attributes.Get(), &activates, &count), S_OK);
+    EXPECT_EQ(MFEnumDeviceSources(captureDevices().Get(), &activates, &count), S_OK);
     for (UINT32 i = 0; i < count; ++i) activates[i]->Release();
     CoTaskMemFree(activates);
     return count;
@@ -242,35 +246,27 @@ TEST_F(VirtualCamera, OpensAndStopsAsItsFaultsHaveIt) {
   EXPECT_EQ(open(), E_ACCESSDENIED);
 }
 
-// What the windows of this process are told, through the message-only window that registers for it.
+// A window that registered for the interface class of cameras.
 class Listener {
  public:
-  Listener() {
-    WNDCLASSEXW windowClass{};
-    windowClass.cbSize = sizeof windowClass;
-    windowClass.lpfnWndProc = procedure;
-    windowClass.lpszClassName = L"Listener";
-    RegisterClassExW(&windowClass);
-    for (HWND* window : {&registered, &other}) {
-      *window = CreateWindowExW(0, L"Listener", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
-    }
+  Listener() : window(CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr)) {
+    SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(procedure));
     DEV_BROADCAST_DEVICEINTERFACE_W filter{};
     filter.dbcc_size = sizeof filter;
     filter.dbcc_devicetype = DBT_DEVTYP_DEVICEINTERFACE;
     filter.dbcc_classguid = {0xe5323777, 0xf976, 0x4f5b, {0x9b, 0x55, 0xb9, 0x46, 0x99, 0xc4, 0x6e, 0x44}};
-    notification = RegisterDeviceNotificationW(registered, &filter, DEVICE_NOTIFY_WINDOW_HANDLE);
+    notification = RegisterDeviceNotificationW(window, &filter, DEVICE_NOTIFY_WINDOW_HANDLE);
+    Sleep(500);  // Wine registers on a thread of its own
   }
   ~Listener() {
     UnregisterDeviceNotification(notification);
-    DestroyWindow(registered);
-    DestroyWindow(other);
-    UnregisterClassW(L"Listener", nullptr);
+    DestroyWindow(window);
   }
   Listener(const Listener&) = delete;
   Listener& operator=(const Listener&) = delete;
 
-  // The messages until `count` came, or until they are late.
-  std::vector<std::wstring> wait(std::size_t count) {
+  // The next `count` devices that came (+) or went (-); fewer when they are late.
+  static std::vector<std::wstring> wait(std::size_t count) {
     for (const auto end = Clock::now() + 5s; told.size() < count && Clock::now() < end;) {
       MSG message;
       while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
@@ -280,55 +276,50 @@ class Listener {
   }
 
  private:
-  static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_DEVICECHANGE && lParam) {
-      const auto* device = reinterpret_cast<const DEV_BROADCAST_DEVICEINTERFACE_W*>(lParam);
-      told.push_back((window == registered ? L"" : L"unregistered ") +
-                     std::wstring(wParam == DBT_DEVICEARRIVAL ? L"+" : L"-") + device->dbcc_name);
+  static LRESULT CALLBACK procedure(HWND listener, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_DEVICECHANGE) {
+      told.push_back((wParam == DBT_DEVICEARRIVAL ? L"+" : L"-") +
+                     std::wstring(reinterpret_cast<const DEV_BROADCAST_DEVICEINTERFACE_W*>(lParam)->dbcc_name));
     }
-    return DefWindowProcW(window, message, wParam, lParam);
+    return DefWindowProcW(listener, message, wParam, lParam);
   }
 
-  static inline HWND registered = nullptr;
-  static inline HWND other = nullptr;
   static inline std::vector<std::wstring> told;
+  HWND window;
   HDEVNOTIFY notification;
 };
 
 TEST_F(VirtualCamera, IsGoneWhileItIsUnpluggedAndTellsTheWindowsThatRegistered) {
-  plant(R"(,"faults":[{"kind":"other-removed","at":0.2},{"kind":"removed","at":0.4},{"kind":"returns","at":0.6}])");
-  Listener listener;
-  std::this_thread::sleep_for(500ms);  // Wine registers on a thread of its own
   using Told = std::vector<std::wstring>;
+  plant("");
   const std::wstring name = link.toStdWString();
-
+  const Listener listener;
   ASSERT_EQ(open(), S_OK);
   start();
   ASSERT_TRUE(requestSample());
-  EXPECT_EQ(setPluggedIn(link, false), QString());
-  EXPECT_EQ(setPluggedIn(link, false), QString());
-  EXPECT_EQ(listener.wait(1), Told{L"-" + name});
+  const ComPtr<IMFMediaSource> lost = source;
+  for (int times = 0; times < 2; ++times) EXPECT_EQ(setPluggedIn(link, false), QString());
   EXPECT_EQ(listed(), 0U);
-  ComPtr<IMFMediaSource> second;
-  source.Swap(second);
   EXPECT_EQ(open(), HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND));
   EXPECT_EQ(setPluggedIn(link, true), QString());
-  EXPECT_EQ(listener.wait(1), Told{L"+" + name});
   EXPECT_EQ(listed(), 1U);
+  EXPECT_EQ(Listener::wait(2), (Told{L"-" + name, L"+" + name}));
   stream->RequestSample(nullptr);
   EXPECT_FALSE(nextEvent(stream.Get(), 200ms)) << "a stream that lost its camera does not go on";
-  second->Shutdown();
+  lost->Shutdown();
 
-  // Now by its own time line, which goes on after the stream.
+  // By its own time line, which goes on after the stream.
+  plant(R"(,"faults":[{"kind":"other-removed","at":0.1},{"kind":"removed","at":0.3},{"kind":"returns","at":2}])");
+  EXPECT_EQ(Listener::wait(2), (Told{L"-" + name, L"+" + name})) << "planted anew";
   ASSERT_EQ(open(), S_OK);
   start();
-  const Told told = listener.wait(2);
+  const Told told = Listener::wait(2);
+  EXPECT_EQ(listed(), 0U);
   source->Shutdown();
   ASSERT_EQ(told.size(), 2U);
   EXPECT_NE(told[0], told[1]);
   EXPECT_EQ(told[1], L"-" + name);
-  EXPECT_EQ(listed(), 0U);
-  EXPECT_EQ(listener.wait(1), Told{L"+" + name});
+  EXPECT_EQ(Listener::wait(1), Told{L"+" + name});
   EXPECT_EQ(listed(), 1U);
 }
 

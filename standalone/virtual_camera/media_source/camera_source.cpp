@@ -51,7 +51,7 @@ HRESULT CameraSource::create(const CameraDescription& camera, const QString& sym
 }
 
 CameraSource::CameraSource(CameraDescription description, QString link)
-    : camera(std::move(description)), symbolicLink(std::move(link)), stream(*this) {}
+    : camera(std::move(description)), symbolicLink(std::move(link)), arrival(arrivalOf(symbolicLink)), stream(*this) {}
 
 CameraSource::~CameraSource() {
   Shutdown();
@@ -104,7 +104,6 @@ HRESULT CameraSource::Start(IMFPresentationDescriptor* descriptor, const GUID* t
   ticksSent = 0;
   unlockablesSent = 0;
   othersRemoved = 0;
-  gone = false;
   ended = false;
   pictureSize = camera.size;
   picture = makePictureSource(camera.picture, pictureSize);
@@ -155,7 +154,7 @@ void CameraSource::endStream() {
 bool CameraSource::isGone(const StreamState& state, double seconds) {
   if (gone) return true;
   if (state.removed) startPlugTimeLine(symbolicLink, camera.faults, seconds);
-  gone = state.removed || !isPluggedIn(symbolicLink);
+  gone = state.removed || arrivalOf(symbolicLink) != arrival;
   return gone;
 }
 

@@ -41,6 +41,7 @@ class CameraSource final : public ComObject<EventGenerator<IMFMediaSource>, IMFM
 
   const CameraDescription camera;
   const QString symbolicLink;
+  const int arrival;  // by which the camera was here when it was opened
   CameraStream stream;
 
   std::mutex control;  // held by Start, Stop and Shutdown; the pacer never waits for it

@@ -8,8 +8,26 @@
 #include "standalone/virtual_camera/planter/device_keys.h"
 #include "standalone/virtual_camera/planter/registry_key.h"
 
+namespace {
+
+int countAt(const wchar_t* key, const QString& symbolicLink) {
+  return static_cast<int>(readNumber(key, symbolicLink.toStdWString().c_str()).value_or(0));
+}
+
+int countUp(const wchar_t* key, const QString& symbolicLink) {
+  const int count = countAt(key, symbolicLink) + 1;
+  RegistryKey(key).setNumber(symbolicLink.toStdWString().c_str(), static_cast<DWORD>(count));
+  return count;
+}
+
+}  // namespace
+
 bool isPluggedIn(const QString& symbolicLink) {
   return readNumber(interfaceControlKey(symbolicLink.toStdWString()), kLinked) == DWORD{1};
+}
+
+int arrivalOf(const QString& symbolicLink) {
+  return isPluggedIn(symbolicLink) ? countAt(kArrivalsKey, symbolicLink) : 0;
 }
 
 QString setPluggedIn(const QString& symbolicLink, bool pluggedIn) {
@@ -19,6 +37,7 @@ QString setPluggedIn(const QString& symbolicLink, bool pluggedIn) {
   if (!linked && pluggedIn) return QStringLiteral("The camera %1 is not planted.").arg(symbolicLink);
   if (!linked || *linked == DWORD{pluggedIn}) return {};
   try {
+    if (pluggedIn) countUp(kArrivalsKey, symbolicLink);
     RegistryKey(key).setNumber(kLinked, DWORD{pluggedIn});
   } catch (const std::system_error& error) {
     return QStringLiteral("The camera cannot be %1: %2.")
@@ -32,11 +51,9 @@ QString setPluggedIn(const QString& symbolicLink, bool pluggedIn) {
 }
 
 int countOpen(const QString& symbolicLink) {
-  const int count = openCount(symbolicLink) + 1;
-  RegistryKey(kOpensKey).setNumber(symbolicLink.toStdWString().c_str(), static_cast<DWORD>(count));
-  return count;
+  return countUp(kOpensKey, symbolicLink);
 }
 
 int openCount(const QString& symbolicLink) {
-  return static_cast<int>(readNumber(kOpensKey, symbolicLink.toStdWString().c_str()).value_or(0));
+  return countAt(kOpensKey, symbolicLink);
 }

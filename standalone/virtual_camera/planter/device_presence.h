@@ -6,6 +6,10 @@
 /// devices go by, too.
 [[nodiscard]] bool isPluggedIn(const QString& symbolicLink);
 
+/// Which of its arrivals a camera is here by, from 1 on; 0 while it is unplugged. What was opened under another number
+/// is lost, as it is on Windows.
+[[nodiscard]] int arrivalOf(const QString& symbolicLink);
+
 /// Plugs a planted camera in or unplugs it, and has it told to the windows that registered for it. Nothing happens when
 /// it is so already. Returns an empty text, or one sentence about what failed.
 [[nodiscard]] QString setPluggedIn(const QString& symbolicLink, bool pluggedIn);
