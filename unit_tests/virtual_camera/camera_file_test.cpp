@@ -115,7 +115,7 @@ TEST(CameraFile, EveryMistakeIsRefusedWithOneSentence) {
       {oneCamera(R"(,"faults":[{"kind":"error","at":-1}])"), "cameras[0].faults[0].at is -1; allowed is 0 to 86400"},
       {oneCamera(R"(,"faults":[{"kind":"no-open","at":1}])"),
        "cameras[0].faults[0] has the unknown key \"at\"; allowed are kind"},
-      {oneCamera(R"(,"faults":[{"kind":"returns","at":2},{"kind":"removed","at":3}])"),
+      {oneCamera(R"(,"faults":[{"kind":"removed","at":3},{"kind":"returns","at":2}])"),
        "cameras[0].faults says \"returns\" at 2, when the camera is plugged in"},
       {oneCamera(R"(,"picture":{"kind":"images","files":[]})"),
        "cameras[0].picture.files holds 0 images; allowed are 1 to 1000"}};

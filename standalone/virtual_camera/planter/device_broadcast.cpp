@@ -60,7 +60,9 @@ Bytes marshalled(DWORD event, const Bytes& data) {
 class Binding {
  public:
   Binding() {
-    unsigned char text[] = R"(ncacn_np:[\\pipe\\wine_plugplay])";  // a backslash escapes what follows it
+    // The capitals matter: under the name that Wine itself writes, the calls of this process would share the connections
+    // of Wine's own thread that listens for this process, and the service would now and then leave that one waiting.
+    unsigned char text[] = R"(ncacn_np:[\\pipe\\WINE_PLUGPLAY])";
     status = RpcBindingFromStringBindingA(text, &handle);
   }
   ~Binding() {
