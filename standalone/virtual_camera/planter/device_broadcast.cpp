@@ -60,8 +60,9 @@ Bytes marshalled(DWORD event, const Bytes& data) {
 class Binding {
  public:
   Binding() {
-    // The capitals matter: under the name that Wine itself writes, the calls of this process would share the connections
-    // of Wine's own thread that listens for this process, and the service would now and then leave that one waiting.
+    // The capitals matter: under the name that Wine itself writes, the calls of this process would share the
+    // connections of Wine's own thread that listens for this process, and the service would now and then leave that one
+    // waiting.
     unsigned char text[] = R"(ncacn_np:[\\pipe\\WINE_PLUGPLAY])";
     status = RpcBindingFromStringBindingA(text, &handle);
   }
