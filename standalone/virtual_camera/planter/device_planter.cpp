@@ -120,7 +120,7 @@ QString plantCameras(std::span<const CameraDescription> cameras, const QString& 
 }
 
 QString unplantCameras() {
-  const QString error = setAllPluggedIn(readTexts(kPlantRecordKey, kPlantRecordLinks), false);
+  QString error = setAllPluggedIn(readTexts(kPlantRecordKey, kPlantRecordLinks), false);
   for (const std::wstring& key : readTexts(kPlantRecordKey, kPlantRecordKeys)) {
     if (QString failure = deleteTree(key); !failure.isEmpty()) return failure;
   }
