@@ -15,7 +15,7 @@ inline constexpr wchar_t kPlantRecordLinks[] = L"Links";
 
 /// Below the record: under each symbolic link, how often its camera was opened.
 inline constexpr wchar_t kOpensKey[] = L"SOFTWARE\\module_camera\\virtual_camera\\Opens";
-/// Below the record: under each symbolic link, how often its camera was plugged in.
+/// Below the record: under each symbolic link, how often its camera was plugged in; negative while it is unplugged.
 inline constexpr wchar_t kArrivalsKey[] = L"SOFTWARE\\module_camera\\virtual_camera\\Arrivals";
 
 /// The key of a camera's device interface.

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <algorithm>
+#include <cstdlib>
 #include <system_error>
 
 #include "standalone/virtual_camera/planter/device_broadcast.h"
@@ -14,10 +16,8 @@ int countAt(const wchar_t* key, const QString& symbolicLink) {
   return static_cast<int>(readNumber(key, symbolicLink.toStdWString().c_str()).value_or(0));
 }
 
-int countUp(const wchar_t* key, const QString& symbolicLink) {
-  const int count = countAt(key, symbolicLink) + 1;
+void setCount(const wchar_t* key, const QString& symbolicLink, int count) {
   RegistryKey(key).setNumber(symbolicLink.toStdWString().c_str(), static_cast<DWORD>(count));
-  return count;
 }
 
 }  // namespace
@@ -27,7 +27,7 @@ bool isPluggedIn(const QString& symbolicLink) {
 }
 
 int arrivalOf(const QString& symbolicLink) {
-  return isPluggedIn(symbolicLink) ? countAt(kArrivalsKey, symbolicLink) : 0;
+  return std::max(0, countAt(kArrivalsKey, symbolicLink));
 }
 
 QString setPluggedIn(const QString& symbolicLink, bool pluggedIn) {
@@ -37,7 +37,8 @@ QString setPluggedIn(const QString& symbolicLink, bool pluggedIn) {
   if (!linked && pluggedIn) return QStringLiteral("The camera %1 is not planted.").arg(symbolicLink);
   if (!linked || *linked == DWORD{pluggedIn}) return {};
   try {
-    if (pluggedIn) countUp(kArrivalsKey, symbolicLink);
+    const int arrivals = std::abs(countAt(kArrivalsKey, symbolicLink));
+    setCount(kArrivalsKey, symbolicLink, pluggedIn ? arrivals + 1 : -arrivals);
     RegistryKey(key).setNumber(kLinked, DWORD{pluggedIn});
   } catch (const std::system_error& error) {
     return QStringLiteral("The camera cannot be %1: %2.")
@@ -51,7 +52,9 @@ QString setPluggedIn(const QString& symbolicLink, bool pluggedIn) {
 }
 
 int countOpen(const QString& symbolicLink) {
-  return countUp(kOpensKey, symbolicLink);
+  const int count = openCount(symbolicLink) + 1;
+  setCount(kOpensKey, symbolicLink, count);
+  return count;
 }
 
 int openCount(const QString& symbolicLink) {
