@@ -4,7 +4,6 @@ set(package_files ${CMAKE_CURRENT_LIST_DIR}/package)
 
 install(TARGETS module_host module_camera host_services host_style RUNTIME DESTINATION . COMPONENT runtime)
 install(FILES ${RUNTIME_LIBRARIES} DESTINATION . COMPONENT runtime)
-install(FILES ${APP_DIR}/translations/module_host_en.qm DESTINATION translations COMPONENT runtime)
 install(FILES ${package_files}/test_camera.cmd DESTINATION . COMPONENT runtime)
 # Qt looks for plug-ins beside the program.
 set(plugins ${QT6_INSTALL_PREFIX}/${QT6_INSTALL_PLUGINS})

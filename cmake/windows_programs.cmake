@@ -75,7 +75,6 @@ function(lay_stage)
   endforeach()
   file(MAKE_DIRECTORY ${STAGE_DIR})
   add_custom_command(OUTPUT ${STAGE_DIR}/laid ${commands}
-                     COMMAND ${CMAKE_COMMAND} -E create_symlink ${APP_DIR}/translations ${STAGE_DIR}/translations
                      COMMAND ${CMAKE_COMMAND} -E touch ${STAGE_DIR}/laid VERBATIM)
   add_custom_target(stage ALL DEPENDS ${STAGE_DIR}/laid ${ARGN})
 endfunction()

@@ -7,6 +7,8 @@ project=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 # Without HOME the tilde is the folder that the system knows for the user.
 [ -n "${HOME:-}" ] || { unset HOME; export HOME=~; }
 cache=${XDG_CACHE_HOME:-$HOME/.cache}/module_camera
+# The language of the user is for the programs that people see: scripts and compilers speak English.
+export MODULE_CAMERA_LANGUAGE=${MODULE_CAMERA_LANGUAGE-${LC_ALL:-${LC_MESSAGES:-${LANG:-}}}}
 export LC_ALL=C.UTF-8
 
 say() { printf '%s\n' "== $*" >&2; }

@@ -1,3 +1,3 @@
-@rem Shows the picture of the first camera and asks whether it is right.
-@"%~dp0module_host.exe" -Mcamera Qc 0 --ui
-@pause
+@rem Opens the program's window. What goes wrong before there is one stays to be read.
+@"%~dp0module_host.exe" %*
+@if errorlevel 1 pause

@@ -15,8 +15,7 @@ bool isKnown(const QString& key) {
 
 }  // namespace
 
-QString keyText(const std::string& text) {
-  const QString whole = QString::fromStdString(text);
+QString keyText(const QString& whole) {
   if (whole.isEmpty() || isKnown(whole)) {
     return whole.isEmpty() ? whole : translated(whole);
   }

@@ -2,8 +2,6 @@
 
 #include <QString>
 
-#include <string>
-
 /// The user's language for a text of the module: a key, a key and a value ("BARCODE_VALUE 123"), or keys that are
 /// joined by ": ". What no translation knows stays as it is. Any thread.
-QString keyText(const std::string& text);
+QString keyText(const QString& text);

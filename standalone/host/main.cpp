@@ -2,24 +2,41 @@
 
 #include <QApplication>
 #include <QFont>
-#include <QTranslator>
+#include <QMessageBox>
 
-#include <algorithm>
+#include <csignal>
+#include <cstdlib>
+#include <exception>
 #include <memory>
-#include <string_view>
 
-#include "standalone/host/console.h"
-#include "standalone/host/diagnostics_program.h"
+#include "standalone/host/console/command_line.h"
+#include "standalone/host/console/console.h"
+#include "standalone/host/console/exit_codes.h"
 #include "standalone/host/host_error.h"
-#include "standalone/host/library_search.h"
+#include "standalone/host/language.h"
+#include "standalone/host/program.h"
+#include "standalone/host/system/library_search.h"
 
 namespace {
 
-constexpr int kUsageExitCode = 2;
-
 // A program without windows must run without a display: this decides before Qt looks for one.
 bool wantsWindows(int argc, char** argv) {
-  return std::any_of(argv + 1, argv + argc, [](const char* word) { return std::string_view(word) == "--ui"; });
+  QStringList arguments;
+  for (int i = 0; i < argc; ++i) arguments.append(QString::fromLocal8Bit(argv[i]));
+  try {
+    return CommandLine::parse(arguments).ui;
+  } catch (const HostError&) {
+    return false;
+  }
+}
+
+// Who opened the program's window may not see a console.
+void showError(const QString& sentence) {
+  printError(sentence);
+  if (!qobject_cast<QApplication*>(QCoreApplication::instance())) return;
+  QMessageBox box(QMessageBox::Critical, QCoreApplication::applicationName(), sentence, QMessageBox::Ok);
+  box.setTextFormat(Qt::PlainText);
+  box.exec();
 }
 
 QtMessageHandler defaultMessageHandler = nullptr;
@@ -33,9 +50,10 @@ void dropRemarksOfWine(QtMsgType type, const QMessageLogContext& context, const 
 }
 
 std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv) {
-  if (!wantsWindows(argc, argv)) {
-    return std::make_unique<QCoreApplication>(argc, argv);
-  }
+  QCoreApplication::setApplicationName(QStringLiteral("module_host"));
+  QCoreApplication::setOrganizationName(QStringLiteral("module_camera"));
+  QCoreApplication::setApplicationVersion(QStringLiteral(PROJECT_VERSION));
+  if (!wantsWindows(argc, argv)) return std::make_unique<QCoreApplication>(argc, argv);
   auto application = std::make_unique<QApplication>(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
   QFont font;
@@ -45,21 +63,28 @@ std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv) {
   return application;
 }
 
+// What nothing catches, and what Qt cannot go on with: a status of its own, as that of the C library is one of ours.
+[[noreturn]] void endOnCrash() {
+  std::_Exit(kExitCrash);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
+  std::set_terminate(&endOnCrash);
+  std::signal(SIGABRT, [](int) { endOnCrash(); });
   prepareProcess();
   defaultMessageHandler = qInstallMessageHandler(&dropRemarksOfWine);
   const std::unique_ptr<QCoreApplication> application = makeApplication(argc, argv);
-  QTranslator translator;
-  if (translator.load(QStringLiteral("module_host_en"),
-                      QCoreApplication::applicationDirPath() + QStringLiteral("/translations"))) {
-    QCoreApplication::installTranslator(&translator);
-  }
+  const QStringList arguments = QCoreApplication::arguments();
+  useLanguage(CommandLine::languageOf(arguments));
+  CommandLine line;
   try {
-    return runDiagnostics(QCoreApplication::arguments());
+    line = CommandLine::parse(arguments);
+    return runProgram(line);
   } catch (const HostError& error) {
-    printError(error.sentence());
-    return kUsageExitCode;
+    line.task == CommandLine::Task::kWindow ? showError(error.sentence()) : printError(error.sentence());
+    const bool isFault = dynamic_cast<const ModuleFault*>(&error) || dynamic_cast<const ReportError*>(&error);
+    return isFault ? kExitFault : kExitUsage;
   }
 }

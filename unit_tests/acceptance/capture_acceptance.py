@@ -41,7 +41,7 @@ class CaptureAcceptance(unittest.TestCase):
             self.assertEqual(self.kinds(report), [("message", "INITIAL_MESSAGE"), ("dialog", ""),
                                                   ("question", "CHECK_CAMERA_IMAGE")])
             self.assertGreater(report["seconds"], seconds)
-            place = Picture(os.path.join(run.pictures, "capture-0-dialog-end.png")).find_corners(640, 480, CORNERS)
+            place = Picture(run.picture("dialog-end")).find_corners(640, 480, CORNERS)
             if place:
                 break
         self.assertIsNotNone(place, "the camera's picture is on the screen as the dialog closes")
@@ -176,7 +176,11 @@ class BadInputAcceptance(unittest.TestCase):
                 (("-Mcamera", "Qc", "0", "--bogus"), ["bogus"]),
                 ((*CAPTURE, "--answer", "maybe"), ["maybe", "pass"]),
                 ((*CAPTURE, "--timeout", "soon"), ["soon", "number"]),
-                ((*CAPTURE, "--timeout", "4294967296"), ["4294967296", "too large"]),
+                ((*CAPTURE, "--timeout", "4294967296"), ["4294967296", "4294967295"]),
+                ((*CAPTURE, "--timeout", "2.5"), ["2.5", "whole number"]),
+                (("-Mcamera", "Qc", "18446744073709551616"), ["18446744073709551616", "0"]),
+                (("--list", "-Mcamera"), ["--list", "-M"]),
+                ((*CAPTURE, "--html", "Z:\\nowhere\\a.html"), ["nowhere"]),
                 (("--list", "--module", "nothing.dll"), ["nothing.dll"]),
                 (("--list", "--module", wine_path(os.path.join(PROGRAMS, "host_services.dll"))),
                  ["host_services.dll", "GetModuleInterfaceInstance"])):

@@ -59,14 +59,15 @@ def keys(*names):
     return step
 
 
-def answer(run, *steps):
-    """What `run` returns while a user acts: one step for each window that comes up after the first, the host's own."""
+def answer(run, *steps, first=lambda window: None):
+    """What `run` returns while a user acts: one step for each window that comes up after the first, the host's own, for which
+    there is a step of its own."""
     outcome = []
     thread = threading.Thread(target=lambda: outcome.append(run()))
     thread.start()
     known = set()
     try:
-        wait_for_new_window(known)
+        first(wait_for_new_window(known))
         for step in steps:
             step(wait_for_new_window(known))
     finally:

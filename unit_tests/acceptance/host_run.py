@@ -65,3 +65,8 @@ class HostRun:
         if os.path.exists(report):
             with open(report, encoding="utf-8") as file:
                 self.reports = [json.loads(line) for line in file]
+
+    def picture(self, name):
+        """The file of the only run's picture of this name; none where it has none."""
+        files = [picture["file"] for picture in self.reports[0].get("pictures", ()) if picture["name"] == name]
+        return os.path.join(self.folder, *files) if files else None

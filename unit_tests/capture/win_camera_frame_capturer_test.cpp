@@ -81,19 +81,15 @@ class WinCameraFrameCapturerTest : public testing::Test {
   }
   void push(const Bytes& bytes) { push(S_OK, 0, makeSample(bytes)); }
 
-  struct Frame {
-    CaptureStatus status;
-    Bytes bytes;
-    bool operator==(const Frame&) const = default;
-  };
-  /// The frame that the capturer returns, and its first `size` bytes.
+  using Frame = std::pair<CaptureStatus, Bytes>;
+  /// What the capturer answers when it is asked for a frame, and the first `size` bytes of that.
   Frame frame(std::size_t size = 8) {
     std::uint8_t* buffer = nullptr;
-    Frame result{capturer->getFrame(buffer, 5000), {}};
-    if (buffer) result.bytes.assign(buffer, buffer + size);
-    delete[] buffer;
-    return result;
+    const CaptureStatus status = capturer->getFrame(buffer, 5000);
+    const std::unique_ptr<std::uint8_t[]> owned(buffer);
+    return {status, buffer ? Bytes(buffer, buffer + size) : Bytes()};
   }
+  CaptureStatus frameStatus() { return frame().first; }
 
   WinCameraComponent camera{{kPath, "", "", "", "", "", "", "", CameraType::kUsb}, 0};
   Capturer capturer;
@@ -107,7 +103,7 @@ void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
 
 TEST_F(WinCameraFrameCapturerTest, StartsOnAThreadOfItsOwnAndDeliversOpaqueCopies) {
   FrameFormat format{7, 7, true};
-  EXPECT_EQ(frame().status, CaptureNotRunning);
+  EXPECT_EQ(frameStatus(), CaptureNotRunning);
   EXPECT_EQ(capturer->stop(), CaptureNotRunning);
   EXPECT_EQ(capturer->getFrameFormat(format), 1);
   EXPECT_EQ(format.width, 7u);
@@ -133,7 +129,7 @@ TEST_F(WinCameraFrameCapturerTest, StartsOnAThreadOfItsOwnAndDeliversOpaqueCopie
   EXPECT_EQ(capturer->stop(), CaptureNotRunning);
 
   ASSERT_EQ(capturer->start(), CaptureOk) << "can be started again";
-  EXPECT_EQ(frame().status, CaptureTimedOut) << "without the frame of the run before";
+  EXPECT_EQ(frameStatus(), CaptureTimedOut) << "without the frame of the run before";
 }
 
 TEST_F(WinCameraFrameCapturerTest, TheRowOrderFollowsTheStride) {
@@ -171,7 +167,7 @@ TEST_F(WinCameraFrameCapturerTest, AStartThatFailsIsReportedAndLeavesNothingBehi
       scriptedCapture().failing = calls;
       EXPECT_EQ(capturer->start(), status);
       expectNothingLeft();
-      EXPECT_EQ(frame().status, CaptureNotRunning);
+      EXPECT_EQ(frameStatus(), CaptureNotRunning);
       EXPECT_EQ(capturer->stop(), CaptureNotRunning);
       const bool withoutReader = calls.contains("MFCreateSourceReaderFromMediaSource");
       EXPECT_EQ(scriptedCapture().sourceShutdowns, withoutReader ? 1 : 0);
@@ -197,7 +193,7 @@ TEST_F(WinCameraFrameCapturerTest, StopLetsTheCallbackUnderWayFinishWithItsReade
   std::thread callback(
       [&] { push(S_OK, 0, makeSample(Bytes(4), [&] { return reached.release(), open.acquire(), S_OK; })); });
   reached.acquire();
-  EXPECT_EQ(frame().status, CaptureTimedOut) << "a consumer does not wait behind the copy";
+  EXPECT_EQ(frameStatus(), CaptureTimedOut) << "a consumer does not wait behind the copy";
   std::thread stopper([&] { EXPECT_EQ(capturer->stop(), CaptureOk); });
   for (int wait = 0; wait < 5000 && !scriptedCapture().cleanUp().ends_with(" UnregisterClass"); ++wait) Sleep(1);
   Sleep(20);
@@ -217,20 +213,20 @@ TEST_F(WinCameraFrameCapturerTest, ASecondCapturerIsRefusedAndHarmsNothing) {
   EXPECT_EQ(second->stop(), CaptureNotRunning);
 
   first->OnReadSample(S_OK, 0, 0, 0, makeSample(Bytes(8, 3)).Get());
-  EXPECT_EQ(frame().status, CaptureOk);
+  EXPECT_EQ(frameStatus(), CaptureOk);
   broadcast(DBT_DEVICEREMOVECOMPLETE, L"\\\\?\\USB#vid_1#{e5323777}");
-  EXPECT_EQ(frame().status, CaptureDeviceRemoved);
+  EXPECT_EQ(frameStatus(), CaptureDeviceRemoved);
 }
 
 TEST_F(WinCameraFrameCapturerTest, AFirstReadThatFailsIsSeenByTheFirstWait) {
   scriptedCapture().failing = {"ReadSample 1"};
   EXPECT_EQ(capturer->start(), CaptureOk);
-  while (frame().status == CaptureTimedOut) continue;
-  EXPECT_EQ(frame().status, CaptureFailed);
+  while (frameStatus() == CaptureTimedOut) continue;
+  EXPECT_EQ(frameStatus(), CaptureFailed);
   // The worker goes with its reader, yet a driver may still call.
   while (scriptedCapture().sessions != 0) Sleep(1);
   capturer->OnReadSample(S_OK, 0, 0, 0, makeSample(Bytes(8, 1)).Get());
-  EXPECT_EQ(frame().status, CaptureFailed);
+  EXPECT_EQ(frameStatus(), CaptureFailed);
   EXPECT_EQ(capturer->stop(), CaptureFailed);
 }
 
@@ -246,7 +242,7 @@ TEST_F(WinCameraFrameCapturerTest, TheLastSampleLeavesItsStatusAndNoMoreAreRead)
     resetScriptedCapture();
     startReading();
     push(readStatus, flags, makeSample(Bytes(8, 1)));
-    EXPECT_EQ(frame().status, status) << readStatus << " " << flags;
+    EXPECT_EQ(frameStatus(), status) << readStatus << " " << flags;
     EXPECT_EQ(scriptedCapture().reads, 1);
     EXPECT_EQ(capturer->stop(), status);
   }
@@ -257,12 +253,12 @@ TEST_F(WinCameraFrameCapturerTest, ATickMakesTheConsumerWaitForARealFrameAndARea
   push(Bytes(8, 1));
   push(S_OK, MF_SOURCE_READERF_STREAMTICK, nullptr);
   const std::uint64_t before = fakeHostServices().ticks;
-  EXPECT_EQ(frame().status, CaptureTimedOut);
+  EXPECT_EQ(frameStatus(), CaptureTimedOut);
   EXPECT_EQ(fakeHostServices().ticks - before, 5002u) << "the first reading, and 5001 ms from it on";
   EXPECT_EQ(scriptedCapture().reads, 3);
   scriptedCapture().failing = {"ReadSample 4"};
   push(Bytes(8, 1));
-  EXPECT_EQ(frame().status, CaptureFailed);
+  EXPECT_EQ(frameStatus(), CaptureFailed);
 }
 
 TEST_F(WinCameraFrameCapturerTest, FaultsOfABufferAreItsHresultButALockThatFailsShowsTheOldFrame) {
@@ -272,10 +268,10 @@ TEST_F(WinCameraFrameCapturerTest, FaultsOfABufferAreItsHresultButALockThatFails
   EXPECT_EQ(frame(), (Frame{CaptureOk, {4, 4, 4, 0xFF, 4, 4, 4, 0xFF}}));
   const ComPtr<IMFSample> sample = makeSample(Bytes(8), kFails, MF_E_INVALIDREQUEST);
   push(S_OK, 0, sample);
-  EXPECT_EQ(frame().status, static_cast<CaptureStatus>(MF_E_INVALIDREQUEST));
+  EXPECT_EQ(frameStatus(), static_cast<CaptureStatus>(MF_E_INVALIDREQUEST));
   sample->RemoveAllBuffers();
   push(S_OK, 0, sample);
-  EXPECT_GT(frame().status, 0x80000000u);
+  EXPECT_GT(frameStatus(), 0x80000000u);
 }
 
 TEST_F(WinCameraFrameCapturerTest, TheFrameBufferOnlyGrowsAndNeverFallsShortOfAPicture) {
@@ -295,7 +291,7 @@ TEST_F(WinCameraFrameCapturerTest, AFrameThatMemoryCannotHoldEndsTheCapture) {
   arraysFail = true;
   push(Bytes(16, 2));
   arraysFail = false;
-  EXPECT_EQ(frame().status, CaptureFailed);
+  EXPECT_EQ(frameStatus(), CaptureFailed);
   EXPECT_EQ(capturer->stop(), CaptureFailed);
 
   startReading();
@@ -309,11 +305,11 @@ TEST_F(WinCameraFrameCapturerTest, OnlyTheRemovalOfThisCameraEndsTheCapture) {
   const std::wstring own = L"\\\\?\\USB#vid_1#{e5323777}";
   broadcast(DBT_DEVICEREMOVECOMPLETE, L"\\\\?\\USB#vid_2#{e5323777}");
   broadcast(DBT_DEVICEARRIVAL, own);
-  EXPECT_EQ(frame().status, CaptureOk);
+  EXPECT_EQ(frameStatus(), CaptureOk);
 
   broadcast(DBT_DEVICEREMOVEPENDING, own);
-  EXPECT_EQ(frame().status, CaptureDeviceRemoved);
+  EXPECT_EQ(frameStatus(), CaptureDeviceRemoved);
   push(Bytes(8, 1));
-  EXPECT_EQ(frame().status, CaptureDeviceRemoved) << "a late sample brings no camera back";
+  EXPECT_EQ(frameStatus(), CaptureDeviceRemoved) << "a late sample brings no camera back";
   EXPECT_EQ(scriptedCapture().reads, 2);
 }

@@ -63,9 +63,7 @@ struct Alias {
   bool operator==(const Alias&) const = default;
 };
 
-struct Words {
-  std::uint64_t words[3];
-};
+using Words = std::array<std::uint64_t, 3>;
 
 struct Record {
   std::string texts[5];
@@ -151,10 +149,7 @@ TEST_F(ModuleContract, TheFixedAnswersOfBothTests) {
     EXPECT_FALSE(call<bool>(object, 5));
     const Record record = {{"one", std::string(100, '2'), "three", "four", "five"}, 6, std::string(100, '7')};
     call<void, Record>(object, 7, record);
-    for (std::size_t place : {6u, 8u}) {
-      const auto words = call<Words>(object, place);
-      for (std::uint64_t word : words.words) EXPECT_EQ(word, 0u);
-    }
+    for (std::size_t place : {6u, 8u}) EXPECT_EQ(call<Words>(object, place), Words());
     EXPECT_TRUE(call<bool>(object, 9));
     EXPECT_TRUE(call<bool>(object, 10));
     call<void>(object, 12);

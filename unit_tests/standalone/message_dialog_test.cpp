@@ -1,4 +1,4 @@
-#include "standalone/host/message_dialog.h"
+#include "standalone/host/window/message_dialog.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -32,7 +32,7 @@ TEST(MessageDialogTest, AnswersKeys) {
       {Kind::kQuestion, MessageDialog::kUnanswered, Qt::Key_Return, MessageDialog::kUnanswered},
   };
   for (const auto& [kind, focused, key, answer] : kCases) {
-    MessageDialog dialog(kind, "Title", "Text");
+    MessageDialog dialog(kind, "Title", "Text", "Camera");
     dialog.open();
     QApplication::setActiveWindow(&dialog);
     if (focused != kNoButton) dialog.buttonFor(focused)->setFocus();
@@ -46,7 +46,7 @@ TEST(MessageDialogTest, AnswersKeys) {
 }
 
 TEST(MessageDialogTest, ShowsMarkupAsItIs) {
-  EXPECT_EQ(MessageDialog(Kind::kQuestion, "Title", "<b>Text</b>").textFormat(), Qt::PlainText);
+  EXPECT_EQ(MessageDialog(Kind::kQuestion, "Title", "<b>Text</b>", "<i>Camera</i>").textFormat(), Qt::PlainText);
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "standalone/host/window_look.h"
+#include "standalone/host/window/window_look.h"
 
 #include <QApplication>
 #include <QLabel>

@@ -13,9 +13,12 @@
 #include <string_view>
 #include <tuple>
 
-#include "standalone/host/main_window.h"
-#include "standalone/host/message_dialog.h"
-#include "standalone/host/window_look.h"
+#include "standalone/host/session/session.h"
+#include "standalone/host/window/main_window.h"
+#include "standalone/host/window/message_dialog.h"
+#include "standalone/host/window/settings_dialog.h"
+#include "standalone/host/window/window_look.h"
+#include "unit_tests/standalone/fake_module.h"
 #include "unit_tests/ui/contrast_themes.h"
 #include "unit_tests/ui/dialog_helpers.h"
 
@@ -46,12 +49,36 @@ std::unique_ptr<QWidget> dressed(std::unique_ptr<QWidget> window) {
 
 template <MessageDialog::Kind kKind>
 std::unique_ptr<QWidget> hostDialog() {
-  return dressed(std::make_unique<MessageDialog>(kKind, "Title", "Text"));
+  return dressed(std::make_unique<MessageDialog>(kKind, "Title", "Text", "Camera"));
 }
+/// The host's window after a run that failed, and the session that it shows.
+class ShownSession {
+ public:
+  ShownSession() {
+    module.capture.onRun = [](TestExecutionContext& context) {
+      for (const char* message : {"CAMERA_RESULT_FAILED", "POSSIBLE_DEFECTIVE_COMPONENTS: CAMERA_DEVICE"})
+        context.getMessageList()->add(message, 0, 0);
+      return kTestFailed;
+    };
+    session.rescan();
+    session.waitUntilIdle();
+    session.start(session.allJobs().mid(0, 1));
+    session.waitUntilIdle();
+  }
+
+ private:
+  FakeModule module;
+
+ public:
+  Session session{module.interface(), {}, {}, nullptr};
+};
+
 std::unique_ptr<QWidget> hostMainWindow() {
-  auto window = std::make_unique<MainWindow>();
-  for (const char* text : {"One", "Two"}) window->showMessage(text);
-  return dressed(std::move(window));
+  static ShownSession shown;
+  return dressed(std::make_unique<MainWindow>(shown.session, MainWindow::Use::kInteractive));
+}
+std::unique_ptr<QWidget> hostSettings() {
+  return dressed(std::make_unique<SettingsDialog>(RunSettings{3, "Ann", "S1"}, nullptr));
 }
 template <class Dialog>
 std::unique_ptr<QWidget> modulesDialog() {
@@ -75,7 +102,8 @@ constexpr Window kWindows[] = {{"CaptureDialog", modulesDialog<CameraDialog>, tr
                                {"BarcodeRetry", barcodeRetry, true},
                                {"HostMessage", hostDialog<MessageDialog::Kind::kMessage>, false},
                                {"HostQuestion", hostDialog<MessageDialog::Kind::kQuestion>, false},
-                               {"HostMainWindow", hostMainWindow, false}};
+                               {"HostMainWindow", hostMainWindow, false},
+                               {"HostSettings", hostSettings, false}};
 
 class AccessibilityTest : public testing::TestWithParam<std::tuple<Window, bool, bool>> {
  protected:
@@ -117,7 +145,7 @@ class AccessibilityTest : public testing::TestWithParam<std::tuple<Window, bool,
     std::set<const QObject*> wanted;
     for (const QAccessibleInterface* element : elements) {
       const auto* const widget = qobject_cast<QWidget*>(element->object());
-      if (widget && (widget->focusPolicy() & Qt::TabFocus)) wanted.insert(widget);
+      if (widget && widget->isEnabled() && (widget->focusPolicy() & Qt::TabFocus)) wanted.insert(widget);
     }
     std::set<const QObject*> visited;
     // As real keys leave it: some styles show the focus only then.

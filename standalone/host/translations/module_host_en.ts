@@ -158,4 +158,61 @@ Are you ready?</translation>
         <translation>It may hold letters and digits only, at most 60. Try another barcode.</translation>
     </message>
 </context>
+<context>
+    <name>ADVICE</name>
+    <message>
+        <source>THIS_TEST_CANNOT_BE_PERFORMED_BECAUSE_THE_DEVICE_COULD_NOT_BE_IDENTIFIED_OR_HAS_BEEN_DISCONNECTED</source>
+        <translation>Connect the camera again, look for cameras, and run the test again.</translation>
+    </message>
+    <message>
+        <source>CANNOT_ACCESS_DEVICE</source>
+        <translation>Close programs that use the camera, and allow desktop apps to use it in the privacy settings of Windows.</translation>
+    </message>
+    <message>
+        <source>FAILED_TO_INITIALIZE</source>
+        <translation>Unplug the camera and plug it in again, or install its driver anew.</translation>
+    </message>
+    <message>
+        <source>FAILED_TO_CAPTURE</source>
+        <translation>Run the test again. If it happens again, try another port or another cable.</translation>
+    </message>
+    <message>
+        <source>FAILED_TO_CAPTURE_DEVICE_WAS_REMOVED</source>
+        <translation>Connect the camera again. If nobody unplugged it, check its cable.</translation>
+    </message>
+    <message>
+        <source>FAILED_TO_CAPTURE_DUE_TIMEOUT</source>
+        <translation>Check that the camera is switched on, then run the test again.</translation>
+    </message>
+    <message>
+        <source>TEST_ABORTED_BY_EVENT</source>
+        <translation>Run the test again.</translation>
+    </message>
+    <message>
+        <source>CAMERA_RESULT_FAILED</source>
+        <translation>Clean the lens and open its cover. If the picture stays wrong, the camera is probably defective.</translation>
+    </message>
+    <message>
+        <source>BARCODE_FAIL_SCAN_MESSAGE</source>
+        <translation>Try another barcode in good light. If none is read, the camera is probably not sharp.</translation>
+    </message>
+    <message>
+        <source>BARCODE_CANCELED_DUE_INVALID_INPUT</source>
+        <translation>Use a barcode of letters and digits only, at most 60.</translation>
+    </message>
+    <message>
+        <source>POSSIBLE_DEFECTIVE_COMPONENTS</source>
+        <translation>Try the camera on another PC, or another camera on this one, before you replace it.</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message numerus="yes">
+        <source>%n more test(s) to run</source>
+        <translation>
+            <numerusform>%n more test to run</numerusform>
+            <numerusform>%n more tests to run</numerusform>
+        </translation>
+    </message>
+</context>
 </TS>
