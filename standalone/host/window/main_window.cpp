@@ -26,7 +26,7 @@
 #include "standalone/host/reports/report_files.h"
 #include "standalone/host/run_texts.h"
 #include "standalone/host/window/camera_view.h"
-#include "standalone/host/window/focus_mark.h"
+#include "standalone/host/window/host_list.h"
 #include "standalone/host/window/remembered.h"
 #include "standalone/host/window/run_dialog.h"
 #include "standalone/host/window/run_view.h"
@@ -38,8 +38,7 @@ namespace {
 constexpr QSize kSize(960, 760);
 constexpr QSize kLeastSize(480, 360);
 constexpr int kCameraIconSize = 32;
-constexpr int kButtonColumns = 3;
-constexpr int kLeastListHeight = 96;
+constexpr int kButtonColumns = 2;
 constexpr int kIdentityRole = Qt::UserRole;
 constexpr int kResultColumn = 4;
 
@@ -109,13 +108,12 @@ QWidget* MainWindow::makeCameraSide() {
   auto* side = new QWidget;
   auto* layout = new QVBoxLayout(side);
   layout->addWidget(sectionLabel(tr("Cameras")));
-  cameras = new QListWidget;
+  cameras = new HostList<QListWidget>;
   cameras->setObjectName("host_cameras");
   cameras->setAccessibleName(tr("Cameras"));
   cameras->setIconSize({kCameraIconSize, kCameraIconSize});
   cameras->setWordWrap(true);
   cameras->setTextElideMode(Qt::ElideNone);
-  new FocusMark(*cameras);
   layout->addWidget(cameras, 1);
   layout->addWidget(buttonFor(*rescanAction));
   connect(cameras, &QListWidget::currentRowChanged, this, &MainWindow::showCamera);
@@ -138,7 +136,7 @@ QWidget* MainWindow::makeTestSide() {
   layout->addWidget(cameraView);
   auto* buttons = new QGridLayout;
   int place = 0;
-  for (QAction* action : {runOnCameraAction, runAllAction, cancelAction, againAction, notPassedAction}) {
+  for (QAction* action : {runOnCameraAction, runAllAction, againAction, cancelAction}) {
     buttons->addWidget(buttonFor(*action), place / kButtonColumns, place % kButtonColumns);
     ++place;
   }
@@ -146,15 +144,12 @@ QWidget* MainWindow::makeTestSide() {
   runView = new RunView;
   layout->addWidget(runView, 2);
   layout->addWidget(sectionLabel(tr("History")));
-  history = new QTreeWidget;
+  history = new HostList<QTreeWidget>;
   history->setObjectName("host_history");
   history->setAccessibleName(tr("History"));
   history->setRootIsDecorated(false);
   history->setHeaderLabels({tr("No."), tr("Time"), tr("Camera"), tr("Test"), tr("Result")});
   history->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
-  history->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
-  history->setMinimumHeight(kLeastListHeight);
-  new FocusMark(*history);
   connect(history, &QTreeWidget::itemActivated, this, &MainWindow::openRun);
   connect(history, &QTreeWidget::currentItemChanged, this, &MainWindow::showState);
   layout->addWidget(history, 1);

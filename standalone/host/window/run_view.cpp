@@ -11,12 +11,11 @@
 #include "standalone/host/key_texts.h"
 #include "standalone/host/run_texts.h"
 #include "standalone/host/session/run.h"
-#include "standalone/host/window/focus_mark.h"
+#include "standalone/host/window/host_list.h"
 
 namespace {
 
 constexpr int kIconSize = 32;
-constexpr int kLeastListHeight = 96;
 
 QLabel* addLabel(QLayout& layout, const char* name) {
   auto* label = new QLabel;
@@ -57,14 +56,11 @@ RunView::RunView() {
   progress->setObjectName("host_progress");
   progress->setAccessibleName(tr("Progress"));
   layout->addWidget(progress);
-  messages = new QListWidget;
+  messages = new HostList<QListWidget>;
   messages->setObjectName("host_messages");
   messages->setAccessibleName(tr("Messages"));
   messages->setWordWrap(true);
   messages->setTextElideMode(Qt::ElideNone);
-  messages->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
-  messages->setMinimumHeight(kLeastListHeight);
-  new FocusMark(*messages);
   layout->addWidget(messages, 1);
 }
 

@@ -3,6 +3,7 @@
 #include <QEvent>
 #include <QFrame>
 #include <QObject>
+#include <QSize>
 
 /// Shows by a thicker frame that a list has the focus, in styles that mark only its current line. The list owns it.
 class FocusMark : public QObject {
@@ -24,4 +25,20 @@ class FocusMark : public QObject {
   static constexpr int kPlain = 1;
 
   QFrame& frame;
+};
+
+/// A list or a table of the host, which asks for little height and takes what there is.
+template <class View>
+class HostList : public View {
+ public:
+  HostList() {
+    this->setMinimumHeight(kLeastHeight);
+    new FocusMark(*this);
+  }
+
+  QSize sizeHint() const override { return {View::sizeHint().width(), kLeastHeight}; }
+
+ private:
+  // Pixels: some three lines.
+  static constexpr int kLeastHeight = 96;
 };
