@@ -120,7 +120,7 @@ TEST_F(ReportsTest, ARecordIsReadAsItWasWritten) {
   plain.operatorName = plain.serialNumber = plain.remark = QString();
   plain.start = plain.start.toLocalTime();
   QByteArray written = jsonLine(plain, nullptr);
-  EXPECT_THAT(written.toStdString(), Not(testing::ContainsRegex("operator|serialNumber|remark")));
+  for (const char* field : {"operator", "serialNumber", "remark"}) EXPECT_FALSE(written.contains(field)) << field;
   EXPECT_EQ(jsonLine(fullRun(), nullptr), QByteArray(kFullLine) + '\n');
 
   Record run = fullRun();
@@ -285,7 +285,7 @@ TEST_F(ReportsTest, APageSaysEverythingInWordsAndNeedsNothingElse) {
                            "bell\uFFFD \uFFFD \uFFFD end"})
     EXPECT_THAT(text, HasSubstr(said));
   EXPECT_EQ(page.count("<li>"), 4) << "what was asked, not the test's own window";
-  EXPECT_THAT(page.toStdString(), Not(testing::ContainsRegex("<script|http:|https:|url\\(|<link")));
+  for (const char* link : {"<script", "http:", "https:", "url(", "<link"}) EXPECT_FALSE(page.contains(link)) << link;
   EXPECT_THAT(pageText(htmlReport({}, "en")), HasSubstr("No test has run yet."));
 }
 
