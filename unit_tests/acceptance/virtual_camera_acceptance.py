@@ -92,6 +92,19 @@ class FaultAcceptance(unittest.TestCase):
         self.assertEqual((result, messages), (0, []))
         self.assertGreater(seconds, 5)
 
+    def test_a_camera_that_is_unplugged_while_it_opens_cannot_be_opened(self):
+        def unplug():
+            while "opens: 1" not in work("list")[1]:
+                time.sleep(0.1)
+            work("unplug", "Test Camera")
+
+        work("unplant")  # what an earlier test opened does not count
+        user = threading.Thread(target=unplug, daemon=True)
+        user.start()
+        (result, messages, _), = self.outcomes([dict(kind="slow-open", seconds=5)])
+        user.join(20)
+        self.assertEqual((result, messages), (4, ["CANNOT_ACCESS_DEVICE"]))
+
     def test_a_busy_camera_can_be_opened_later(self):
         picture = dict(kind="barcode", codes=[dict(symbology="qr", text="Later1")])
         found = self.outcomes([dict(kind="busy", times=1)], "-Mcamera", "Qc b", "0", "--ui", "--answer", "pass", picture=picture)

@@ -109,6 +109,10 @@ HRESULT WINAPI MFCreateDeviceSource(IMFAttributes* attributes, IMFMediaSource** 
     return present.symbolicLink.compare(link, Qt::CaseInsensitive) == 0;
   });
   if (camera == cameras.end()) return HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND);
+  const int arrival = arrivalOf(camera->symbolicLink);
   status = letOpen(*camera);
-  return FAILED(status) ? status : CameraSource::create(camera->description, camera->symbolicLink, source);
+  if (FAILED(status)) return status;
+  // A slow camera may be pulled out meanwhile.
+  if (arrivalOf(camera->symbolicLink) != arrival) return HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND);
+  return CameraSource::create(camera->description, camera->symbolicLink, source);
 }

@@ -43,6 +43,8 @@ HRESULT WINAPI MFCreateSourceReaderFromMediaSource(IMFMediaSource* source, IMFAt
                                                    IMFSourceReader** reader) {
   static const CreateReader create = systemFunction();
   if (!create) return HRESULT_FROM_WIN32(ERROR_PROC_NOT_FOUND);
+  if (!reader) return E_POINTER;
+  *reader = nullptr;
   ComPtr<IMFAttributes> reporting;
   HRESULT status = withReportingCallback(attributes, &reporting);
   if (FAILED(status)) return status;
