@@ -13,7 +13,7 @@ inline constexpr wchar_t kPlantRecordKeys[] = L"Keys";
 /// In it: the symbolic link of every planted camera.
 inline constexpr wchar_t kPlantRecordLinks[] = L"Links";
 
-/// Below the record: under each symbolic link, how often its camera was opened.
+/// Below the record: under each symbolic link, how often a program tried to open its camera.
 inline constexpr wchar_t kOpensKey[] = L"SOFTWARE\\module_camera\\virtual_camera\\Opens";
 /// Below the record: under each symbolic link, how often its camera was plugged in; negative while it is unplugged.
 inline constexpr wchar_t kArrivalsKey[] = L"SOFTWARE\\module_camera\\virtual_camera\\Arrivals";
