@@ -1,44 +1,35 @@
 #pragma once
 
-#include <QEvent>
 #include <QFrame>
-#include <QObject>
 #include <QSize>
 
-/// Shows by a thicker frame that a list has the focus, in styles that mark only its current line. The list owns it.
-class FocusMark : public QObject {
- public:
-  explicit FocusMark(QFrame& list) : QObject(&list), frame(list) {
-    frame.setFrameStyle(QFrame::Box | QFrame::Plain);
-    frame.installEventFilter(this);
-  }
+class QFocusEvent;
 
- private:
-  bool eventFilter(QObject* watched, QEvent* event) override {
-    if (event->type() == QEvent::FocusIn) frame.setLineWidth(kFocused);
-    if (event->type() == QEvent::FocusOut) frame.setLineWidth(kPlain);
-    return QObject::eventFilter(watched, event);
-  }
-
-  // Pixels.
-  static constexpr int kFocused = 3;
-  static constexpr int kPlain = 1;
-
-  QFrame& frame;
-};
-
-/// A list or a table of the host, which asks for little height and takes what there is.
+/// A list or a table of the host. It asks for little height and takes what there is, and shows by a thicker frame that
+/// it has the focus: some styles mark only its current line.
 template <class View>
 class HostList : public View {
  public:
   HostList() {
+    this->setFrameStyle(QFrame::Box | QFrame::Plain);
     this->setMinimumHeight(kLeastHeight);
-    new FocusMark(*this);
   }
 
   QSize sizeHint() const override { return {View::sizeHint().width(), kLeastHeight}; }
 
+ protected:
+  void focusInEvent(QFocusEvent* event) override {
+    this->setLineWidth(kFocusedFrame);
+    View::focusInEvent(event);
+  }
+  void focusOutEvent(QFocusEvent* event) override {
+    this->setLineWidth(kPlainFrame);
+    View::focusOutEvent(event);
+  }
+
  private:
   // Pixels: some three lines.
   static constexpr int kLeastHeight = 96;
+  static constexpr int kFocusedFrame = 3;
+  static constexpr int kPlainFrame = 1;
 };
