@@ -35,10 +35,13 @@ bool writeAll(QFileDevice& file, const QByteArray& content) {
   return file.flush();
 }
 
+void makeFolder(const QDir& folder) {
+  if (folder.mkpath(QStringLiteral("."))) return;
+  throw HostError(Texts::tr("The folder %1 could not be made.").arg(QDir::toNativeSeparators(folder.path())));
+}
+
 QString writeNewFile(const QDir& folder, const QString& stem, const QString& suffix, const QByteArray& content) {
-  if (!folder.mkpath(QStringLiteral("."))) {
-    throw HostError(Texts::tr("The folder %1 could not be made.").arg(QDir::toNativeSeparators(folder.path())));
-  }
+  makeFolder(folder);
   QFile file;
   for (int number = 1;; ++number) {
     const QString name = number == 1 ? stem : QStringLiteral("%1_%2").arg(stem).arg(number);

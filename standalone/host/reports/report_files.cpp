@@ -58,11 +58,6 @@ class NewFiles {
   QList<QString> names;
 };
 
-void makeFolder(const QString& name) {
-  if (QDir(name).mkpath(QStringLiteral("."))) return;
-  throw HostError(Texts::tr("The folder %1 could not be made.").arg(QDir::toNativeSeparators(name)));
-}
-
 // Opens standard output, or goes on with a file that is there.
 void openForLines(QFile& file, const QString& name) {
   if (!isStandardOutput(name)) file.setFileName(name);
@@ -96,7 +91,7 @@ void replace(const QString& name, const QByteArray& content) {
 
 ReportFiles::ReportFiles(const Session& session, const ReportWishes& reportWishes)
     : wishes(reportWishes), html(languageInUse()) {
-  if (!wishes.folder.isEmpty()) makeFolder(wishes.folder);
+  if (!wishes.folder.isEmpty()) makeFolder(QDir(wishes.folder));
   NewFiles files;
   files.makeAll(wishes);
   // Whole from the beginning, for somebody who looks at them before the first run has finished.

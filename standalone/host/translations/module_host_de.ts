@@ -877,10 +877,6 @@ Exit-Codes:
         <source>%1 could not be written: %2</source>
         <translation>%1 konnte nicht geschrieben werden: %2</translation>
     </message>
-    <message>
-        <source>The folder %1 could not be made.</source>
-        <translation>Der Ordner %1 konnte nicht angelegt werden.</translation>
-    </message>
 </context>
 <context>
     <name>RunDialog</name>
