@@ -216,9 +216,9 @@ TEST_P(LookTest, OpenDialogsFollowTheThemeAndLeaveNothingBehind) {
       fakePlatform().highContrast = on;
       sendToWindows(first);
       sendToWindows(second);
-      QTest::qWait(150);
-      EXPECT_EQ(capture->styleSheet() == normal, !on);
-      EXPECT_EQ(barcode->styleSheet() == normal, !on);
+      for (QWidget* const dialog : {static_cast<QWidget*>(capture.get()), static_cast<QWidget*>(barcode.get())}) {
+        EXPECT_TRUE(QTest::qWaitFor([&] { return (dialog->styleSheet() == normal) == !on; })) << on;
+      }
       EXPECT_EQ(temporary.isEmpty(), !on);
       if (on) expectPair(*capture, "header_label", GetParam().window, GetParam().windowText, kTextOfContrastThemes);
     }
