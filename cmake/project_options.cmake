@@ -3,7 +3,10 @@ add_library(project_options INTERFACE)
 target_include_directories(project_options INTERFACE ${PROJECT_SOURCE_DIR})
 target_compile_options(project_options INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Woverloaded-virtual -Wold-style-cast -Wcast-qual -Wformat=2
-  -Wundef -Wextra-semi -Wsuggest-override -Wimplicit-fallthrough -Wduplicated-cond -Wlogical-op)
+  -Wundef -Wextra-semi -Wsuggest-override -Wimplicit-fallthrough)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  target_compile_options(project_options INTERFACE -Wduplicated-cond -Wlogical-op)
+endif()
 target_compile_definitions(project_options INTERFACE $<$<CONFIG:Debug>:_GLIBCXX_ASSERTIONS>)
 
 # For what is delivered. Packaging moves the symbols into a file of their own.

@@ -38,7 +38,7 @@ target_compile_definitions(qzxing
 target_compile_options(qzxing PRIVATE -w -O2)
 set_target_properties(qzxing PROPERTIES CXX_STANDARD 17 COMPILE_WARNING_AS_ERROR OFF)
 target_link_libraries(qzxing PUBLIC Qt6::Core Qt6::Gui)
-if(MODULE_CAMERA_SANITIZE STREQUAL "address,undefined" OR MODULE_CAMERA_SANITIZE STREQUAL "thread")
+if(MODULE_CAMERA_SANITIZE MATCHES "address,undefined" OR MODULE_CAMERA_SANITIZE STREQUAL "thread")
   # Memory and races are checked in the decoder too; its own arithmetic is its own affair.
   string(REPLACE ",undefined" "" qzxing_sanitize "${MODULE_CAMERA_SANITIZE}")
   target_compile_options(qzxing PRIVATE -fsanitize=${qzxing_sanitize})

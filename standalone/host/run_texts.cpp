@@ -3,10 +3,8 @@
 #include <QCoreApplication>
 #include <QRegularExpression>
 
-#include <algorithm>
-
 #include "standalone/host/key_texts.h"
-#include "standalone/host/session/session.h"
+#include "standalone/host/session/run.h"
 #include "ui/input_request.h"
 
 namespace {
@@ -95,21 +93,4 @@ QString pictureText(const QString& name) {
   if (name == QLatin1String(picture_names::kDialogEnd)) return Texts::tr("The test's window as it closed");
   if (name == QLatin1String(picture_names::kFrame)) return Texts::tr("The last picture of the camera");
   return name;
-}
-
-QString stateText(const Session& session, const Camera& camera) {
-  const auto& runs = session.runs();
-  const auto isOfCamera = [&](const Run& run) { return run.camera.identity() == camera.identity(); };
-  if (std::ranges::none_of(runs, isOfCamera)) return Texts::tr("Not tested yet");
-  if (session.current() && isOfCamera(*session.current())) return Texts::tr("A test is running");
-  // Of each test the last run counts; one that did not pass says more than those that did.
-  int passed = 0;
-  for (const TestDescription& test : session.catalogue().tests) {
-    const auto last = std::find_if(runs.rbegin(), runs.rend(),
-                                   [&](const Run& run) { return isOfCamera(run) && run.test.id.key == test.id.key; });
-    if (last == runs.rend()) continue;
-    if (last->result != kTestPassed) return QStringLiteral("%1: %2").arg(keyText(test.name), verdictText(*last));
-    ++passed;
-  }
-  return Texts::tr("Passed: %1 of %2 tests").arg(passed).arg(session.catalogue().tests.size());
 }

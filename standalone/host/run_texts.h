@@ -2,8 +2,6 @@
 
 #include <QString>
 
-class Session;
-struct Camera;
 struct Run;
 
 // What a run says to people, in the user's language. User-interface thread.
@@ -20,5 +18,3 @@ QString titleText(const Run& run);
 QString adviceText(const QString& message);
 /// What a picture of a run shows, by its name: "The message before the test".
 QString pictureText(const QString& name);
-/// What the session's runs say about a camera, in a few words: "Passed: 1 of 2 tests".
-QString stateText(const Session& session, const Camera& camera);

@@ -61,14 +61,22 @@ QString withoutComments(QString sheet) {
   return sheet.replace(kQuotedOrComment, QStringLiteral("\\1"));
 }
 
+/// Whether all quotes and brackets of a text on one line end.
+bool isClosed(QStringView line) {
+  qsizetype at = 0;
+  while (at != kNowhere && at < line.size()) at = behind(line, at);
+  return at != kNowhere;
+}
+
 QList<StyleDeclaration> parseDeclarations(QStringView body) {
   QList<StyleDeclaration> declarations;
   for (const QString& part : split(body, u';')) {
     const qsizetype colon = part.indexOf(u':');
-    const QString property = part.left(colon).trimmed();
+    const QString property = part.left(colon).simplified();
     const QString value = colon < 0 ? QString() : part.sliced(colon + 1).simplified();
-    // A rule within the rule.
-    if (!property.isEmpty() && !value.isEmpty() && !part.contains(u'{')) declarations.append({property, value});
+    // A brace is that of a rule within the rule.
+    if (property.isEmpty() || value.isEmpty() || part.contains(u'{')) continue;
+    if (isClosed(property) && isClosed(value)) declarations.append({property, value});
   }
   return declarations;
 }

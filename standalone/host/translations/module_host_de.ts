@@ -625,6 +625,18 @@ Exit-Codes:
 <context>
     <name>MainWindow</name>
     <message>
+        <source>Not tested yet</source>
+        <translation>Noch nicht getestet</translation>
+    </message>
+    <message>
+        <source>A test is running</source>
+        <translation>Ein Test läuft</translation>
+    </message>
+    <message>
+        <source>Passed: %1 of %2 tests</source>
+        <translation>Bestanden: %1 von %2 Tests</translation>
+    </message>
+    <message>
         <source>&amp;Tests</source>
         <translation>&amp;Tests</translation>
     </message>
@@ -1049,18 +1061,6 @@ Exit-Codes:
     <message>
         <source>The test&apos;s window as it closed</source>
         <translation>Das Fenster des Tests beim Schließen</translation>
-    </message>
-    <message>
-        <source>Not tested yet</source>
-        <translation>Noch nicht getestet</translation>
-    </message>
-    <message>
-        <source>A test is running</source>
-        <translation>Ein Test läuft</translation>
-    </message>
-    <message>
-        <source>Passed: %1 of %2 tests</source>
-        <translation>Bestanden: %1 von %2 Tests</translation>
     </message>
     <message>
         <source>The last picture of the camera</source>

@@ -57,6 +57,24 @@ QLabel* sectionLabel(const QString& text) {
   return label;
 }
 
+// What the session's runs say about a camera, in a few words: "Passed: 1 of 2 tests".
+QString stateText(const Session& session, const Camera& camera) {
+  const auto& runs = session.runs();
+  const auto isOfCamera = [&](const Run& run) { return run.camera.identity() == camera.identity(); };
+  if (std::ranges::none_of(runs, isOfCamera)) return MainWindow::tr("Not tested yet");
+  if (session.current() && isOfCamera(*session.current())) return MainWindow::tr("A test is running");
+  // Of each test the last run counts; one that did not pass says more than those that did.
+  int passed = 0;
+  for (const TestDescription& test : session.catalogue().tests) {
+    const auto last = std::find_if(runs.rbegin(), runs.rend(),
+                                   [&](const Run& run) { return isOfCamera(run) && run.test.id.key == test.id.key; });
+    if (last == runs.rend()) continue;
+    if (last->result != kTestPassed) return QStringLiteral("%1: %2").arg(keyText(test.name), verdictText(*last));
+    ++passed;
+  }
+  return MainWindow::tr("Passed: %1 of %2 tests").arg(passed).arg(session.catalogue().tests.size());
+}
+
 }  // namespace
 
 MainWindow::MainWindow(Session& shownSession, Use windowUse) : session(shownSession), use(windowUse) {
