@@ -1,7 +1,6 @@
 #include "discovery/win_camera_scanner.h"
 
 #include <optional>
-#include <set>
 #include <tuple>
 
 #include <gmock/gmock.h>
@@ -148,79 +147,6 @@ TEST_F(WinCameraScannerTest, GivesBackInOrderAndKeepsTheLinkTexts) {
                           "MFEnumDeviceSources", "IMFActivate::GetAllocatedString", "WideCharToMultiByte",
                           "attributes released", "source released", "array freed", "MFShutdown", "CoUninitialize"));
   EXPECT_EQ(systemScript().outstanding(), (Outstanding{{"link text", 1}}));
-}
-
-/// The machine of the fault matrix: one camera in each of two searches, with every kind of name and a driver version.
-class ScanFaultTest : public WinCameraScannerTest {
- protected:
-  void SetUp() override {
-    ScriptedDevice& first = plugInCamera(L"A", kCameraSetupClass, L"\\\\?\\usb#1");
-    first.setText(SPDRP_DRIVER, L"k");
-    setDriverVersion(L"k", L"7");
-    ScriptedDevice& second = plugInCamera(L"B", kMediaSetupClass, L"\\\\?\\display#2");
-    second.properties.erase(SPDRP_FRIENDLYNAME);
-    second.interfaces[0].name = L"Pin";
-  }
-};
-
-TEST_F(ScanFaultTest, EverySystemCallInTurnFailsOnce) {
-  ASSERT_EQ(scanner.scan(), 0u);
-  ASSERT_EQ(scanner.getCameras().size(), 2u);
-  const int calls = systemScript().failableCalls();
-
-  // How many cameras may be left when one call of the function failed. The other functions cost a text at most.
-  const std::map<std::string, std::set<std::size_t>> left = {
-      {"CoInitializeEx", {0}},
-      {"MFStartup", {0}},
-      {"MFCreateAttributes", {0}},
-      {"IMFAttributes::SetGUID", {0}},
-      {"MFEnumDeviceSources", {0}},
-      {"IMFActivate::GetAllocatedString", {1}},
-      {"SetupDiGetClassDevsW", {1, 2}},
-      {"SetupDiEnumDeviceInfo", {1, 2}},
-      {"SetupDiGetDeviceInstanceIdW", {1}},
-      {"SetupDiEnumDeviceInterfaces", {1, 2}},
-      {"SetupDiGetDeviceInterfaceDetailW", {1}},
-      {"WideCharToMultiByte", {1, 2}},
-  };
-  std::set<std::string> failed;
-  for (int call = 1; call <= calls; ++call) {
-    reset();
-    SetUp();
-    systemScript().failAnyCall(call);
-    const int arrays = liveArrays();
-    {
-      WinCameraScanner subject;
-      const std::uint32_t status = subject.scan();
-      const std::string function = systemScript().failedFunction();
-      SCOPED_TRACE("call " + std::to_string(call) + ": " + function);
-      failed.insert(function);
-
-      EXPECT_EQ(status, function == "CoInitializeEx" || function == "MFStartup" ? 1u : 0u);
-      const auto cameras = subject.getCameras();
-      const auto allowed = left.find(function);
-      EXPECT_TRUE(allowed == left.end() ? cameras.size() == 2 : allowed->second.contains(cameras.size()))
-          << cameras.size() << " cameras";
-      for (const CameraInfo& camera : cameras) {
-        const bool usb = camera.type == CameraType::kUsb;
-        std::set<std::string> possible = {"Name of A", "AcmeUSB Camera"};
-        if (!usb) possible = {"Pin", "AcmeInternal Camera", "Internal Camera"};
-        // The name is there, but went between the two calls.
-        if (!usb && function == "SetupDiGetDeviceInterfacePropertyW") possible.insert("");
-        EXPECT_TRUE(possible.contains(camera.name)) << camera.name;
-        EXPECT_TRUE(camera.driverVersion.empty() || (usb && camera.driverVersion == "7")) << camera.driverVersion;
-      }
-
-      EXPECT_EQ(subject.scan(), 0u) << "the next scan is sound";
-      EXPECT_THAT(subject.getCameras(), ElementsAre(named("Pin"), named("Name of A")));
-    }
-    Outstanding outstanding = systemScript().outstanding();
-    outstanding.erase("link text");
-    EXPECT_THAT(outstanding, IsEmpty()) << "after call " << call;
-    EXPECT_EQ(fakeComObjects, 0);
-    EXPECT_EQ(liveArrays(), arrays);
-  }
-  EXPECT_EQ(failed.size(), 15u) << "every scripted function had its turn";
 }
 
 }  // namespace

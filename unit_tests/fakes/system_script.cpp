@@ -45,9 +45,9 @@ bool SystemScript::fails(const std::string& function) {
   note(function);
   ++failable;
   const auto wanted = failing.find(function);
-  const bool fail = failable == failingCall ||
+  const bool fail = failable == failingCall || (failureLasts && failable > failingCall) ||
                     (wanted != failing.end() && (wanted->second == 0 || wanted->second == calls(function)));
-  if (fail) failed = function;
+  if (fail && failed.empty()) failed = function;
   return fail;
 }
 

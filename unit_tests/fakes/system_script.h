@@ -14,8 +14,14 @@ class SystemScript {
   /// The `nth` call of this function from now on fails, counted from 1.
   void failCall(const std::string& function, int nth = 1) { failing[function] = calls(function) + nth; }
   void failEveryCall(const std::string& function) { failing[function] = 0; }
-  /// The `nth` of all calls that can fail does.
-  void failAnyCall(int nth) { failingCall = nth; }
+  /// The `nth` of all calls that can fail does from now on, counted from 1; if it lasts, so do all that follow. 0 for
+  /// none.
+  void failAnyCall(int nth, bool lasts = false) {
+    failingCall = nth;
+    failureLasts = lasts;
+    failable = 0;
+    failed.clear();
+  }
 
   /// For a scripted function that can fail: puts the call on record and says whether it fails.
   bool fails(const std::string& function);
@@ -24,10 +30,8 @@ class SystemScript {
   void acquire(const std::string& kind) { ++balance[kind]; }
   void release(const std::string& kind) { --balance[kind]; }
 
-  /// How many calls could have failed.
-  int failableCalls() const { return failable; }
   int calls(const std::string& function) const;
-  /// The function whose call failed on request; empty when none did.
+  /// The function whose call failed first on request; empty when none did.
   const std::string& failedFunction() const { return failed; }
   /// All calls in order.
   const std::vector<std::string>& log() const { return history; }
@@ -37,6 +41,7 @@ class SystemScript {
  private:
   std::map<std::string, int> failing;
   int failingCall = 0;
+  bool failureLasts = false;
   int failable = 0;
   std::string failed;
   std::vector<std::string> history;
