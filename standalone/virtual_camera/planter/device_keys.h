@@ -13,14 +13,15 @@ inline constexpr wchar_t kPlantRecordKeys[] = L"Keys";
 /// In it: the symbolic link of every planted camera.
 inline constexpr wchar_t kPlantRecordLinks[] = L"Links";
 
-/// Below the record: under each symbolic link, how often a program tried to open its camera.
-inline constexpr wchar_t kOpensKey[] = L"SOFTWARE\\module_camera\\virtual_camera\\Opens";
-/// Below the record: under each symbolic link, how often its camera was plugged in; negative while it is unplugged.
-inline constexpr wchar_t kArrivalsKey[] = L"SOFTWARE\\module_camera\\virtual_camera\\Arrivals";
+/// Under each symbolic link, how often its camera was plugged in; negative while it is unplugged. It stays when the
+/// record goes, so that no two arrivals have one number.
+inline constexpr wchar_t kArrivalsKey[] = L"SOFTWARE\\module_camera\\virtual_camera_arrivals";
 
 /// The key of a camera's device interface.
 [[nodiscard]] std::wstring interfaceKey(const std::wstring& symbolicLink);
 
-/// The key below it whose number kLinked tells SetupAPI whether the interface is present: 1 or 0.
+/// The key below it. Its number kLinked tells SetupAPI whether the interface is present: 1 or 0. Its number kOpens is
+/// how often a program tried to open the camera.
 [[nodiscard]] std::wstring interfaceControlKey(const std::wstring& symbolicLink);
 inline constexpr wchar_t kLinked[] = L"Linked";
+inline constexpr wchar_t kOpens[] = L"Opens";

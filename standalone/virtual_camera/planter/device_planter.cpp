@@ -94,6 +94,7 @@ QString setAllPluggedIn(const std::vector<std::wstring>& links, bool pluggedIn) 
 }  // namespace
 
 QString plantCameras(std::span<const CameraDescription> cameras, const QString& descriptionPath) {
+  const PresenceLock lock;
   if (QString error = unplantCameras(); !error.isEmpty()) return error;
   std::vector<DeviceKeys> devices;
   std::vector<std::wstring> keys;
@@ -120,6 +121,7 @@ QString plantCameras(std::span<const CameraDescription> cameras, const QString& 
 }
 
 QString unplantCameras() {
+  const PresenceLock lock;
   QString error = setAllPluggedIn(readTexts(kPlantRecordKey, kPlantRecordLinks), false);
   for (const std::wstring& key : readTexts(kPlantRecordKey, kPlantRecordKeys)) {
     if (QString failure = deleteTree(key); !failure.isEmpty()) return failure;

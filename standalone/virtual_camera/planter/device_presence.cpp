@@ -2,7 +2,6 @@
 
 #include <windows.h>
 
-#include <algorithm>
 #include <cstdlib>
 #include <system_error>
 
@@ -10,36 +9,35 @@
 #include "standalone/virtual_camera/planter/device_keys.h"
 #include "standalone/virtual_camera/planter/registry_key.h"
 
-namespace {
-
-int countAt(const wchar_t* key, const QString& symbolicLink) {
-  return static_cast<int>(readNumber(key, symbolicLink.toStdWString().c_str()).value_or(0));
+PresenceLock::PresenceLock() : mutex(CreateMutexW(nullptr, FALSE, L"module_camera.virtual_cameras")) {
+  WaitForSingleObject(mutex, INFINITE);
 }
 
-void setCount(const wchar_t* key, const QString& symbolicLink, int count) {
-  RegistryKey(key).setNumber(symbolicLink.toStdWString().c_str(), static_cast<DWORD>(count));
+PresenceLock::~PresenceLock() {
+  ReleaseMutex(mutex);
+  CloseHandle(mutex);
 }
-
-}  // namespace
 
 bool isPluggedIn(const QString& symbolicLink) {
   return readNumber(interfaceControlKey(symbolicLink.toStdWString()), kLinked) == DWORD{1};
 }
 
 int arrivalOf(const QString& symbolicLink) {
-  return std::max(0, countAt(kArrivalsKey, symbolicLink));
+  return static_cast<int>(readNumber(kArrivalsKey, symbolicLink.toStdWString().c_str()).value_or(0));
 }
 
 QString setPluggedIn(const QString& symbolicLink, bool pluggedIn) {
   const std::wstring link = symbolicLink.toStdWString();
   const std::wstring key = interfaceControlKey(link);
+  const PresenceLock lock;
   const auto linked = readNumber(key, kLinked);
   if (!linked && pluggedIn) return QStringLiteral("The camera %1 is not planted.").arg(symbolicLink);
   if (!linked || *linked == DWORD{pluggedIn}) return {};
   try {
-    const int arrivals = std::abs(countAt(kArrivalsKey, symbolicLink));
-    setCount(kArrivalsKey, symbolicLink, pluggedIn ? arrivals + 1 : -arrivals);
-    RegistryKey(key).setNumber(kLinked, DWORD{pluggedIn});
+    RegistryKey control(key, RegistryKey::Missing::kFails);
+    const int arrivals = std::abs(arrivalOf(symbolicLink));
+    RegistryKey(kArrivalsKey).setNumber(link.c_str(), static_cast<DWORD>(pluggedIn ? arrivals + 1 : -arrivals));
+    control.setNumber(kLinked, DWORD{pluggedIn});
   } catch (const std::system_error& error) {
     return QStringLiteral("The camera cannot be %1: %2.")
         .arg(pluggedIn ? QStringLiteral("plugged in") : QStringLiteral("unplugged"),
@@ -52,11 +50,13 @@ QString setPluggedIn(const QString& symbolicLink, bool pluggedIn) {
 }
 
 int countOpen(const QString& symbolicLink) {
+  const PresenceLock lock;
   const int count = openCount(symbolicLink) + 1;
-  setCount(kOpensKey, symbolicLink, count);
+  RegistryKey(interfaceControlKey(symbolicLink.toStdWString()), RegistryKey::Missing::kFails)
+      .setNumber(kOpens, static_cast<DWORD>(count));
   return count;
 }
 
 int openCount(const QString& symbolicLink) {
-  return countAt(kOpensKey, symbolicLink);
+  return static_cast<int>(readNumber(interfaceControlKey(symbolicLink.toStdWString()), kOpens).value_or(0));
 }

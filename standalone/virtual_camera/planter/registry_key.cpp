@@ -14,7 +14,11 @@ void check(LSTATUS status, const std::wstring& path) {
 
 }  // namespace
 
-RegistryKey::RegistryKey(const std::wstring& keyPath) : path(keyPath) {
+RegistryKey::RegistryKey(const std::wstring& keyPath, Missing missing) : path(keyPath) {
+  if (missing == Missing::kFails) {
+    check(RegOpenKeyExW(HKEY_LOCAL_MACHINE, path.c_str(), 0, KEY_WRITE, &key), path);
+    return;
+  }
   check(RegCreateKeyExW(HKEY_LOCAL_MACHINE, path.c_str(), 0, nullptr, REG_OPTION_VOLATILE, KEY_WRITE, nullptr, &key,
                         nullptr),
         path);

@@ -6,11 +6,14 @@
 #include <string>
 #include <vector>
 
-/// A volatile key below HKEY_LOCAL_MACHINE, made with all that leads to it where it is not there yet. It is gone when
-/// the system (or the last Wine program) ends. Every failure throws std::system_error that names the key.
+/// A volatile key below HKEY_LOCAL_MACHINE. It is gone when the system (or the last Wine program) ends. Every failure
+/// throws std::system_error that names the key.
 class RegistryKey {
  public:
-  explicit RegistryKey(const std::wstring& path);
+  /// What becomes of a key that is not there: it is made, with all that leads to it, or that is a failure.
+  enum class Missing { kIsMade, kFails };
+
+  explicit RegistryKey(const std::wstring& path, Missing missing = Missing::kIsMade);
   ~RegistryKey() { RegCloseKey(key); }
   RegistryKey(const RegistryKey&) = delete;
   RegistryKey& operator=(const RegistryKey&) = delete;
