@@ -27,7 +27,7 @@ TEST(StreamState, FollowsTheTimeLine) {
                         {views, 2.5, {.view = View::kCovered}},
                         {views, 3.5, {.view = View::kBlack}},
                         {views, 9, {.frozenAt = 4}},
-                        {ends, 5, {.kind = Kind::kSilence, .removed = true}},
+                        {ends, 5, {.kind = Kind::kSilence}},
                         {{half}, 1.5, {.share = 0.5}},
                         {{half}, 2.0, {}},
                         {{{FaultKind::kUnlockable, 1}, {FaultKind::kUnlockable, 2}, {FaultKind::kOtherRemoved, 2}},

@@ -19,7 +19,6 @@ bool endsFrames(const Fault& fault, StreamState& state) {
       return true;
     case FaultKind::kRemoved:
       state.kind = StreamState::Kind::kSilence;
-      state.removed = true;
       return true;
     case FaultKind::kFirstReadFails:
     case FaultKind::kInvalidated:

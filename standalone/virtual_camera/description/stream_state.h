@@ -17,7 +17,6 @@ struct StreamState {
   int ticks = 0;                        ///< how many stream ticks fell due up to now
   int unlockables = 0;                  ///< how many buffers that cannot be locked at once fell due up to now
   int othersRemoved = 0;                ///< how many removals of other devices fell due up to now
-  bool removed = false;                 ///< the camera is to be unplugged
   std::optional<QSize> size = {};       ///< set once the frame size changed
   View view = View::kScene;             ///< what the frame shows
   std::optional<double> frozenAt = {};  ///< the time, in seconds since the start, at which the picture stands still

@@ -42,16 +42,17 @@ bool isPosition(const PROPVARIANT* position) {
 
 }  // namespace
 
-HRESULT CameraSource::create(const CameraDescription& camera, const QString& symbolicLink, IMFMediaSource** source) {
-  ComPtr<CameraSource> made(new CameraSource(camera, symbolicLink));
+HRESULT CameraSource::create(const CameraDescription& camera, const QString& symbolicLink, int arrival,
+                             IMFMediaSource** source) {
+  ComPtr<CameraSource> made(new CameraSource(camera, symbolicLink, arrival));
   const HRESULT status = made->initialise();
   if (FAILED(status)) return status;
   *source = made.Detach();
   return S_OK;
 }
 
-CameraSource::CameraSource(CameraDescription description, QString link)
-    : camera(std::move(description)), symbolicLink(std::move(link)), arrival(arrivalOf(symbolicLink)), stream(*this) {}
+CameraSource::CameraSource(CameraDescription description, QString link, int arrivalNumber)
+    : camera(std::move(description)), symbolicLink(std::move(link)), arrival(arrivalNumber), stream(*this) {}
 
 CameraSource::~CameraSource() {
   Shutdown();
@@ -100,7 +101,6 @@ HRESULT CameraSource::Start(IMFPresentationDescriptor* descriptor, const GUID* t
   if (isShutDown) return MF_E_SHUTDOWN;
 
   pacer.stop();
-  endPlugTimeLine(symbolicLink);
   ticksSent = 0;
   unlockablesSent = 0;
   othersRemoved = 0;
@@ -115,6 +115,7 @@ HRESULT CameraSource::Start(IMFPresentationDescriptor* descriptor, const GUID* t
   if (FAILED(status)) return status;
   stream.start(position);
   isRunning = true;
+  if (camera.fault(FaultKind::kRemoved)) startPlugTimeLine(symbolicLink, arrival, camera.faults);
   pacer.start(
       camera.framesPerSecond, [this](quint64 number, double seconds) { frameTime(number, seconds); },
       [this](quint64 number, double seconds) { return streamStateAt(camera.faults, number, seconds).lateness; });
@@ -122,11 +123,13 @@ HRESULT CameraSource::Start(IMFPresentationDescriptor* descriptor, const GUID* t
 }
 
 HRESULT CameraSource::Stop() {
-  const std::lock_guard lock(control);
+  std::unique_lock lock(control);
   if (isShutDown) return MF_E_SHUTDOWN;
-  endStream();
+  pacer.stop();
   stream.stop();
-  return queueEvent(MESourceStopped);
+  const HRESULT status = queueEvent(MESourceStopped);
+  finishStop(std::move(lock));
+  return status;
 }
 
 HRESULT CameraSource::Pause() {
@@ -135,33 +138,28 @@ HRESULT CameraSource::Pause() {
 }
 
 HRESULT CameraSource::Shutdown() {
-  const std::lock_guard lock(control);
+  std::unique_lock lock(control);
   if (isShutDown) return MF_E_SHUTDOWN;
   isShutDown = true;
-  endStream();
+  pacer.stop();
   stream.shutdown();
-  return events ? events->Shutdown() : S_OK;
+  const HRESULT status = events ? events->Shutdown() : S_OK;
+  finishStop(std::move(lock));
+  return status;
 }
 
-void CameraSource::endStream() {
-  pacer.stop();
+// Takes a slow camera's time, during which other calls do not wait.
+void CameraSource::finishStop(std::unique_lock<std::mutex> lock) {
   if (!std::exchange(isRunning, false)) return;
+  lock.unlock();
   if (const Fault* slow = camera.fault(FaultKind::kSlowStop)) {
     std::this_thread::sleep_for(std::chrono::duration<double>(slow->duration));
   }
 }
 
-bool CameraSource::isGone(const StreamState& state, double seconds) {
-  if (gone) return true;
-  if (state.removed) startPlugTimeLine(symbolicLink, camera.faults, seconds);
-  gone = state.removed || arrivalOf(symbolicLink) != arrival;
-  return gone;
-}
-
 void CameraSource::frameTime(quint64 number, double seconds) {
-  if (ended) return;
+  if (ended || arrivalOf(symbolicLink) != arrival) return;
   const StreamState state = streamStateAt(camera.faults, number, seconds);
-  if (isGone(state, seconds)) return;
   for (; othersRemoved < state.othersRemoved; ++othersRemoved) broadcastRemovalOfAnother();
   // Also in a stall: a tick says that there is a gap.
   if (state.ticks > ticksSent && stream.hasRequest()) {

@@ -16,8 +16,9 @@
 /// start begins the picture's time and the time line of the faults anew.
 class CameraSource final : public ComObject<EventGenerator<IMFMediaSource>, IMFMediaEventGenerator, IMFMediaSource> {
  public:
-  /// `symbolicLink` is that of a planted camera. The caller gets the one reference.
-  static HRESULT create(const CameraDescription& camera, const QString& symbolicLink, IMFMediaSource** source);
+  /// `symbolicLink` and `arrival` are those of a planted camera. The caller gets the one reference.
+  static HRESULT create(const CameraDescription& camera, const QString& symbolicLink, int arrival,
+                        IMFMediaSource** source);
 
   HRESULT STDMETHODCALLTYPE GetCharacteristics(DWORD* characteristics) override;
   HRESULT STDMETHODCALLTYPE CreatePresentationDescriptor(IMFPresentationDescriptor** descriptor) override;
@@ -28,12 +29,11 @@ class CameraSource final : public ComObject<EventGenerator<IMFMediaSource>, IMFM
   HRESULT STDMETHODCALLTYPE Shutdown() override;
 
  private:
-  CameraSource(CameraDescription camera, QString symbolicLink);
+  CameraSource(CameraDescription camera, QString symbolicLink, int arrival);
   ~CameraSource() override;
 
   HRESULT initialise();
-  void endStream();
-  bool isGone(const StreamState& state, double seconds);
+  void finishStop(std::unique_lock<std::mutex> lock);
   void frameTime(quint64 number, double seconds);
   void deliverFrame(quint64 number, double seconds, const StreamState& state);
   void deliverFailure(FaultKind cause);
@@ -55,7 +55,6 @@ class CameraSource final : public ComObject<EventGenerator<IMFMediaSource>, IMFM
   int ticksSent = 0;
   int unlockablesSent = 0;
   int othersRemoved = 0;
-  bool gone = false;
   bool ended = false;
 
   FramePacer pacer;  // last: it is gone before what its callback uses

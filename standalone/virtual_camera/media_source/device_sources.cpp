@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <system_error>
 #include <thread>
 #include <vector>
 
@@ -37,7 +38,12 @@ HRESULT readPresentCameras(std::vector<PlantedCamera>& cameras) {
 // What the faults have before a camera can be opened.
 HRESULT letOpen(const PlantedCamera& camera) {
   const CameraDescription& description = camera.description;
-  const int opens = countOpen(camera.symbolicLink);
+  int opens = 0;
+  try {
+    opens = countOpen(camera.symbolicLink);
+  } catch (const std::system_error& error) {
+    return HRESULT_FROM_WIN32(static_cast<DWORD>(error.code().value()));
+  }
   if (const Fault* slow = description.fault(FaultKind::kSlowOpen)) {
     std::this_thread::sleep_for(std::chrono::duration<double>(slow->duration));
   }
@@ -112,7 +118,7 @@ HRESULT WINAPI MFCreateDeviceSource(IMFAttributes* attributes, IMFMediaSource** 
   const int arrival = arrivalOf(camera->symbolicLink);
   status = letOpen(*camera);
   if (FAILED(status)) return status;
-  // A slow camera may be pulled out meanwhile.
-  if (arrivalOf(camera->symbolicLink) != arrival) return HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND);
-  return CameraSource::create(camera->description, camera->symbolicLink, source);
+  // A camera may be pulled out meanwhile.
+  if (arrival <= 0 || arrivalOf(camera->symbolicLink) != arrival) return HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND);
+  return CameraSource::create(camera->description, camera->symbolicLink, arrival, source);
 }

@@ -41,22 +41,21 @@ void warn(const QString& error) {
 
 }  // namespace
 
-void startPlugTimeLine(const QString& symbolicLink, const std::vector<Fault>& faults, double from) {
+void startPlugTimeLine(const QString& symbolicLink, int arrival, const std::vector<Fault>& faults) {
   const quint64 line = beginLine(symbolicLink);
-  runDetached([symbolicLink, faults, from, line, begin = Clock::now()] {
+  runDetached([symbolicLink, arrival, faults, line, begin = Clock::now()] {
+    int present = arrival;
     for (const Fault& fault : faults) {
       const bool returns = fault.kind == FaultKind::kReturns;
       if (!returns && fault.kind != FaultKind::kRemoved) continue;
-      const std::chrono::duration<double> wait(fault.at - from);
+      const std::chrono::duration<double> wait(fault.at);
       std::this_thread::sleep_until(begin + std::chrono::duration_cast<Clock::duration>(wait));
-      if (!goesOn(symbolicLink, line)) return;
+      const PresenceLock lock;
+      if (!goesOn(symbolicLink, line) || arrivalOf(symbolicLink) != present) return;
       warn(setPluggedIn(symbolicLink, returns));
+      present = arrivalOf(symbolicLink);
     }
   });
-}
-
-void endPlugTimeLine(const QString& symbolicLink) {
-  beginLine(symbolicLink);
 }
 
 void broadcastRemovalOfAnother() {
