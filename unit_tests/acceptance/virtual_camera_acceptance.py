@@ -115,12 +115,6 @@ class FaultAcceptance(unittest.TestCase):
         (result, messages, _), = self.outcomes([dict(kind="read-refused")])
         self.assertEqual((result, messages), (4, ["FAILED_TO_CAPTURE"]))
 
-    def test_what_is_wrong_with_the_frames_alone_is_left_to_the_user(self):
-        (result, messages, _), = self.outcomes([
-            dict(kind="jitter", at=0, most=0.2), dict(kind="dropped", at=0, share=0.5), dict(kind="unlockable", at=0.1),
-            dict(kind="other-removed", at=0.2), dict(kind="short", at=0.3, seconds=0.5, share=0), dict(kind="covered", at=1)])
-        self.assertEqual((result, messages), (0, []))
-
 
 if __name__ == "__main__":
     unittest.main()

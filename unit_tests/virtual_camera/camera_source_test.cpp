@@ -8,12 +8,15 @@
 
 #include <atomic>
 #include <chrono>
+#include <cmath>
+#include <optional>
 #include <thread>
 #include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
 
+#include "standalone/virtual_camera/description/stream_state.h"
 #include "standalone/virtual_camera/media_source/sample_marks.h"
 #include "standalone/virtual_camera/pictures/test_pattern.h"
 #include "standalone/virtual_camera/planter/device_keys.h"
@@ -103,6 +106,45 @@ TEST_F(VirtualCamera, ItsFaultyFramesAreFramesAllTheSame) {
   UINT32 status = S_OK;
   EXPECT_EQ(requestSample()->GetUINT32(sample_marks::kReadFails, &status), S_OK);
   EXPECT_EQ(static_cast<HRESULT>(status), MF_E_VIDEO_RECORDING_DEVICE_PREEMPTED);
+}
+
+TEST_F(VirtualCamera, ItsFramesShowWhatItsFaultsSay) {
+  using Frame = std::optional<std::vector<DWORD>>;
+  constexpr QSize kSize(64, 64);
+  const auto bytesOf = [](const QImage& image) {
+    std::vector<DWORD> pixels;
+    for (int i = 0; i < 64 * 64; ++i) pixels.push_back(image.pixel(i % 64, i / 64) & 0x00FFFFFF);
+    return pixels;
+  };
+  // A frame at the beginning and one in the middle of the time line.
+  const auto framesWith = [this](const QByteArray& fault) {
+    plant(R"(,"faults":[)" + fault + "]");
+    EXPECT_EQ(open(), S_OK);
+    start();
+    const Frame first = pixelsOf(requestSample().Get());
+    std::this_thread::sleep_for(500ms);
+    return std::pair(first, pixelsOf(requestSample().Get()));
+  };
+  TestPattern scene(kSize);
+  const Frame frozen = framesWith(R"({"kind":"frozen","at":0.2})").second;
+  EXPECT_EQ(frozen, bytesOf(scene.frameAt(10, 0.2)));
+  EXPECT_NE(frozen, bytesOf(scene.frameAt(25, 0.5))) << "nothing moves in the scene";
+
+  const auto [covered, coveredLater] = framesWith(R"({"kind":"covered","at":0})");
+  ASSERT_TRUE(covered && coveredLater);
+  for (const DWORD pixel : *covered) ASSERT_LT(qGray(pixel), 40);
+  EXPECT_NE(covered, coveredLater) << "the noise stands still";
+
+  plant(R"(,"faults":[{"kind":"dropped","at":0,"share":0.5}])");
+  ASSERT_EQ(open(), S_OK);
+  start();
+  const std::vector<Fault> dropped{{.kind = FaultKind::kDropped, .share = 0.5}};
+  for (int frames = 0; frames < 20; ++frames) {
+    LONGLONG time = 0;
+    requestSample()->GetSampleTime(&time);
+    const double number = std::round(static_cast<double>(time) / 1e7 * 50);
+    EXPECT_EQ(streamStateAt(dropped, static_cast<quint64>(number), 0), StreamState{}) << number;
+  }
 }
 
 TEST_F(VirtualCamera, OpensAndStopsAsItsFaultsHaveIt) {

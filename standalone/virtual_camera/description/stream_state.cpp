@@ -4,10 +4,10 @@
 
 namespace {
 
-// 0 to 1, the same each time for a fault's seed and a frame.
+// 0 to 1, the same each time for a fault's kind and seed and a frame.
 double chanceOf(const Fault& fault, quint64 frameNumber) {
-  constexpr quint64 kMostFrames = quint64{1} << 32;
-  std::mt19937_64 engine(static_cast<quint64>(fault.seed) * kMostFrames + frameNumber);
+  std::seed_seq seed{static_cast<quint64>(fault.kind), static_cast<quint64>(fault.seed), frameNumber};
+  std::mt19937_64 engine(seed);
   return static_cast<double>(engine() >> 11) / static_cast<double>(quint64{1} << 53);
 }
 
