@@ -9,7 +9,7 @@
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const CameraFile file =
-      parseCameraFile(inputBytes(data, size), QStringLiteral("/nowhere/cameras.json"), Codes::kDrawnOrNot);
+      parseCameraFile(inputBytes(data, size), QStringLiteral("/nowhere/cameras.json"), FileCheck::kImages);
   require(file.error.isEmpty() || (file.cameras.empty() && file.error.endsWith(u'.')), "cameras or a sentence");
   for (const CameraDescription& camera : file.cameras) {
     for (const double seconds : {0.0, 0.5, 1e3, 1e9}) {

@@ -3,6 +3,8 @@
 #include <windows.h>
 #include <dbt.h>
 
+#include <QImage>
+
 #include <atomic>
 #include <chrono>
 #include <string>
@@ -23,11 +25,13 @@ namespace {
 using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 
-// A window that registered for the interface class of cameras.
+// A window that registered for the interface class of cameras, beside one that did not.
 class Listener {
  public:
-  Listener() : window(CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr)) {
-    SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(procedure));
+  Listener() {
+    for (const HWND each : {window, bystander}) {
+      SetWindowLongPtrW(each, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(procedure));
+    }
     DEV_BROADCAST_DEVICEINTERFACE_W filter{};
     filter.dbcc_size = sizeof filter;
     filter.dbcc_devicetype = DBT_DEVTYP_DEVICEINTERFACE;
@@ -42,11 +46,12 @@ class Listener {
   ~Listener() {
     UnregisterDeviceNotification(notification);
     DestroyWindow(window);
+    DestroyWindow(bystander);
   }
   Listener(const Listener&) = delete;
   Listener& operator=(const Listener&) = delete;
 
-  // The next `count` devices that came (+) or went (-); fewer when they are late.
+  // The next `count` devices that came (+) or went (-), as either window was told; fewer when they are late.
   static std::vector<std::wstring> wait(std::size_t count) {
     for (const auto end = Clock::now() + 5s; told.size() < count && Clock::now() < end;) pump();
     return std::exchange(told, {});
@@ -60,7 +65,7 @@ class Listener {
   }
 
   static LRESULT CALLBACK procedure(HWND listener, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_DEVICECHANGE) {
+    if (message == WM_DEVICECHANGE && (wParam == DBT_DEVICEARRIVAL || wParam == DBT_DEVICEREMOVECOMPLETE)) {
       const std::wstring name = reinterpret_cast<const DEV_BROADCAST_DEVICEINTERFACE_W*>(lParam)->dbcc_name;
       if (name == L"probe") isHeard = true;
       if (name != L"probe") told.push_back((wParam == DBT_DEVICEARRIVAL ? L"+" : L"-") + name);
@@ -70,7 +75,8 @@ class Listener {
 
   static inline std::vector<std::wstring> told;
   static inline bool isHeard = false;
-  HWND window;
+  HWND window = CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
+  HWND bystander = CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, nullptr, nullptr, nullptr, nullptr);
   HDEVNOTIFY notification;
 };
 
@@ -133,6 +139,14 @@ TEST_F(VirtualCamera, ItsTimeLineGoesOnWhateverTheStreamDoesUntilItIsPlantedAnew
   stream->RequestSample(nullptr);
   EXPECT_FALSE(nextEvent(stream.Get(), 400ms)) << "the camera that this stream had is gone";
   EXPECT_EQ(listed(), 1U) << "the time line of an earlier camera acted on this one";
+}
+
+TEST_F(VirtualCamera, IsListedWithoutALookAtItsImages) {
+  const QString image = folder.filePath(QStringLiteral("a.png"));
+  ASSERT_TRUE(QImage(2, 2, QImage::Format_RGB32).save(image));
+  plant(R"(,"picture":{"kind":"image","file":"a.png"})");
+  ASSERT_TRUE(QFile::remove(image));
+  EXPECT_EQ(listed(), 1U);
 }
 
 bool keyExists(const std::wstring& path) {

@@ -65,7 +65,7 @@ class CameraSchema : public testing::Test {
       camera["faults"] = faults;
     }
     return parseCameraFile(QJsonDocument(QJsonObject{{"cameras", QJsonArray{camera}}}).toJson(),
-                           folder.filePath(QStringLiteral("c.json")), Codes::kDrawnOrNot)
+                           folder.filePath(QStringLiteral("c.json")), FileCheck::kImages)
         .error;
   }
 

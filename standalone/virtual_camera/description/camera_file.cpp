@@ -70,15 +70,15 @@ QString sentence(const QString& path, const QString& text) {
 
 }  // namespace
 
-CameraFile readCameraFile(const QString& path, Codes codes) {
+CameraFile readCameraFile(const QString& path, FileCheck check) {
   QFile file(path);
   if (!file.open(QIODevice::ReadOnly)) {
     return {{}, sentence(path, QStringLiteral("the file cannot be read"))};
   }
-  return parseCameraFile(file.readAll(), path, codes);
+  return parseCameraFile(file.readAll(), path, check);
 }
 
-CameraFile parseCameraFile(const QByteArray& json, const QString& path, Codes codes) {
+CameraFile parseCameraFile(const QByteArray& json, const QString& path, FileCheck check) {
   QJsonParseError fault;
   const QJsonDocument document = QJsonDocument::fromJson(json, &fault);
   if (fault.error != QJsonParseError::NoError) {
@@ -91,7 +91,8 @@ CameraFile parseCameraFile(const QByteArray& json, const QString& path, Codes co
   }
   try {
     const QJsonValue root = document.isObject() ? QJsonValue(document.object()) : QJsonValue(document.array());
-    return {readCameras(root, {QFileInfo(path).absoluteDir(), codes == Codes::kDrawn}), QString()};
+    const PictureFiles files{QFileInfo(path).absoluteDir(), check != FileCheck::kNone, check == FileCheck::kAll};
+    return {readCameras(root, files), QString()};
   } catch (const JsonContentError& error) {
     return {{}, sentence(path, QString::fromUtf8(error.what()))};
   }

@@ -14,12 +14,14 @@ struct CameraFile {
   QString error;
 };
 
-/// Whether the barcodes of a description must have been drawn: they must for being shown, not for a check.
-enum class Codes { kDrawn, kDrawnOrNot };
+/// What is asked of the files that a description names: that images can be read and barcodes were drawn, as for being
+/// shown; that images can be read; or nothing, as once the cameras are planted.
+enum class FileCheck { kAll, kImages, kNone };
 
 /// Reads a camera description file (JSON).
-[[nodiscard]] CameraFile readCameraFile(const QString& path, Codes codes = Codes::kDrawn);
+[[nodiscard]] CameraFile readCameraFile(const QString& path, FileCheck check = FileCheck::kAll);
 
 /// Reads the text of a camera description. `path` is named in the error sentence, and relative picture files are looked
 /// for beside it.
-[[nodiscard]] CameraFile parseCameraFile(const QByteArray& json, const QString& path, Codes codes = Codes::kDrawn);
+[[nodiscard]] CameraFile parseCameraFile(const QByteArray& json, const QString& path,
+                                         FileCheck check = FileCheck::kAll);

@@ -37,8 +37,10 @@ constexpr qsizetype kMostCodes = 64;
 constexpr qsizetype kMostImages = 1000;
 constexpr NumberRange kImageTimeRange{0.02, 86400};
 
-// The path of an image that can be read; `place` is what names it.
-QString checkedImage(const QString& file, const QString& place) {
+// The path of an image; `place` is what names it.
+QString imagePath(const PictureFiles& files, const QString& name, const QString& place) {
+  QString file = files.folder.absoluteFilePath(name);
+  if (!files.areProbed) return file;
   if (!QFileInfo(file).isFile()) {
     throw JsonContentError(
         QStringLiteral("%1 names the file \"%2\", which is not there").arg(place, QDir::toNativeSeparators(file)));
@@ -51,8 +53,8 @@ QString checkedImage(const QString& file, const QString& place) {
   return file;
 }
 
-QString readImageFile(const JsonObjectReader& reader, const QDir& folder) {
-  return checkedImage(folder.absoluteFilePath(reader.text("file")), reader.pathOf("file"));
+QString readImageFile(const JsonObjectReader& reader, const PictureFiles& files) {
+  return imagePath(files, reader.text("file"), reader.pathOf("file"));
 }
 
 void checkCount(const QString& place, qsizetype count) {
@@ -61,7 +63,7 @@ void checkCount(const QString& place, qsizetype count) {
       QStringLiteral("%1 holds %2 images; allowed are 1 to %3").arg(place).arg(count).arg(kMostImages));
 }
 
-ImageSequencePicture readImages(const JsonObjectReader& reader, const QDir& folder) {
+ImageSequencePicture readImages(const JsonObjectReader& reader, const PictureFiles& files) {
   reader.allowOnly({"kind", "files", "seconds"});
   ImageSequencePicture picture;
   const QJsonArray list = reader.list("files", true);
@@ -69,7 +71,7 @@ ImageSequencePicture readImages(const JsonObjectReader& reader, const QDir& fold
   for (qsizetype i = 0; i < list.size(); ++i) {
     const QString place = QStringLiteral("%1[%2]").arg(reader.pathOf("files")).arg(i);
     if (!list.at(i).isString()) throw JsonContentError(place + QStringLiteral(" must be a text"));
-    picture.files << checkedImage(folder.absoluteFilePath(list.at(i).toString()), place);
+    picture.files << imagePath(files, list.at(i).toString(), place);
   }
   picture.seconds = reader.number("seconds", kImageTimeRange, picture.seconds);
   return picture;
@@ -96,11 +98,11 @@ QStringList numberedFiles(const QDir& folder) {
   return sorted;
 }
 
-ImageSequencePicture readFolder(const JsonObjectReader& reader, const QDir& folder) {
+ImageSequencePicture readFolder(const JsonObjectReader& reader, const PictureFiles& files) {
   reader.allowOnly({"kind", "folder", "seconds"});
   ImageSequencePicture picture;
   const QString place = reader.pathOf("folder");
-  const QDir named(folder.absoluteFilePath(reader.text("folder")));
+  const QDir named(files.folder.absoluteFilePath(reader.text("folder")));
   if (!named.exists()) {
     throw JsonContentError(QStringLiteral("%1 names the folder \"%2\", which is not there")
                                .arg(place, QDir::toNativeSeparators(named.path())));
@@ -108,7 +110,7 @@ ImageSequencePicture readFolder(const JsonObjectReader& reader, const QDir& fold
   picture.files = numberedFiles(named);
   checkCount(QStringLiteral("%1 names the folder \"%2\", which").arg(place, QDir::toNativeSeparators(named.path())),
              picture.files.size());
-  for (const QString& file : picture.files) checkedImage(file, place);
+  for (const QString& file : picture.files) imagePath(files, file, place);
   picture.seconds = reader.number("seconds", kImageTimeRange, picture.seconds);
   return picture;
 }
@@ -119,7 +121,7 @@ ShownCode readCode(const JsonObjectReader& reader, const PictureFiles& files) {
   code.symbology = reader.word("symbology", wordsOf(kSymbologyWords));
   code.text = reader.text("text");
   if (reader.has("file")) {
-    code.file = readImageFile(reader, files.folder);
+    code.file = readImageFile(reader, files);
   } else if (files.codesMustBeDrawn) {
     throw JsonContentError(reader.pathOf("file") +
                            QStringLiteral(" is missing: tools/encode_codes draws the codes of a description"));
@@ -167,11 +169,11 @@ PictureDescription readPicture(const JsonObjectReader& reader, const PictureFile
       break;
     case PictureKind::kImage:
       reader.allowOnly({"kind", "file"});
-      return ImageFilePicture{readImageFile(reader, files.folder)};
+      return ImageFilePicture{readImageFile(reader, files)};
     case PictureKind::kImages:
-      return readImages(reader, files.folder);
+      return readImages(reader, files);
     case PictureKind::kFolder:
-      return readFolder(reader, files.folder);
+      return readFolder(reader, files);
     case PictureKind::kBarcode:
       return readBarcodePicture(reader, files);
   }

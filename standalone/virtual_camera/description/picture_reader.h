@@ -8,6 +8,7 @@
 /// The files of a description's pictures.
 struct PictureFiles {
   QDir folder;                    ///< where they are looked for
+  bool areProbed = false;         ///< whether one that is no image is a mistake
   bool codesMustBeDrawn = false;  ///< whether a code without an image is a mistake
 };
 

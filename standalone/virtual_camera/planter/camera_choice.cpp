@@ -21,14 +21,14 @@ CameraChoice chooseCamera(const std::vector<PlantedCamera>& cameras, const QStri
     all.push_back(i);
     if (cameras[i].description.name.compare(name, Qt::CaseInsensitive) == 0) named.push_back(i);
   }
+  bool isNumber = false;
+  const qulonglong number = name.toULongLong(&isNumber);
+  if (isNumber && number < cameras.size()) return {number, {}};
   if (named.size() == 1) return {named.front(), {}};
   if (named.size() > 1) {
     return {0, QStringLiteral("Several cameras are called \"%1\"; give the number of one: %2.")
                    .arg(name, listed(cameras, named))};
   }
-  bool isNumber = false;
-  const qulonglong number = name.toULongLong(&isNumber);
-  if (isNumber && number < cameras.size()) return {number, {}};
   if (cameras.empty()) return {0, QStringLiteral("There is no camera \"%1\": no camera is planted.").arg(name)};
   return {0, QStringLiteral("There is no camera \"%1\"; there are %2.").arg(name, listed(cameras, all))};
 }

@@ -12,6 +12,6 @@ struct CameraChoice {
   QString error;
 };
 
-/// Finds the camera of a name, upper and lower case being the same, or of a position that is written as a number. A
-/// name that several cameras have needs the number.
+/// Finds the camera of a position that is written as a number, or else of a name, upper and lower case being the same.
+/// A name that several cameras have, or that is the number of another, needs the number.
 [[nodiscard]] CameraChoice chooseCamera(const std::vector<PlantedCamera>& cameras, const QString& name);

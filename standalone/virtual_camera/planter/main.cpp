@@ -68,7 +68,7 @@ int list(const QString&) {
 }
 
 int check(const QString& path) {
-  const CameraFile file = readCameraFile(path, Codes::kDrawnOrNot);
+  const CameraFile file = readCameraFile(path, FileCheck::kImages);
   if (!file.error.isEmpty()) return report(file.error);
   print(stdout,
         QStringLiteral("%1: in order, %2 camera(s).").arg(QDir::toNativeSeparators(path)).arg(file.cameras.size()));

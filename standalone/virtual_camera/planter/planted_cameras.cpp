@@ -8,7 +8,7 @@
 PlantedCameras plantedCameras() {
   const std::vector<std::wstring> path = readTexts(kPlantRecordKey, kPlantRecordDescription);
   if (path.empty()) return {};
-  CameraFile file = readCameraFile(QString::fromStdWString(path.front()));
+  CameraFile file = readCameraFile(QString::fromStdWString(path.front()), FileCheck::kNone);
   PlantedCameras planted{{}, file.error};
   for (std::size_t i = 0; i < file.cameras.size(); ++i) {
     const QString link = identityOf(file.cameras[i], i).symbolicLink;

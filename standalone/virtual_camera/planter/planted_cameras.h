@@ -6,7 +6,7 @@
 
 #include "standalone/virtual_camera/description/camera_description.h"
 
-/// A planted camera, as its description has it now.
+/// A planted camera, as its description has it now; that its pictures can be read was seen when it was planted.
 struct PlantedCamera {
   CameraDescription description;
   QString symbolicLink;
