@@ -105,6 +105,17 @@ class FaultAcceptance(unittest.TestCase):
         user.join(20)
         self.assertEqual((result, messages), (4, ["CANNOT_ACCESS_DEVICE"]))
 
+    def test_a_camera_that_returns_can_be_opened_again(self):
+        outcome = HostRun([camera(faults=[dict(kind="removed", at=1), dict(kind="returns", at=2)]), camera("Other")],
+                          "-Mcamera", "Qc", "--ui", "--answer", "pass", "--timeout", "3", "--repeat", "2")
+        self.assertEqual([(report["camera"]["name"], report["result"], report["messages"]) for report in outcome.reports],
+                         2 * [("Test Camera", 4, [LOST]), ("Other", 0, [])], outcome.error)
+
+    def test_a_camera_that_is_slow_to_stop_is_waited_for(self):
+        (result, messages, seconds), = self.outcomes([dict(kind="slow-stop", seconds=4)])
+        self.assertEqual((result, messages), (0, []))
+        self.assertGreater(seconds, 6)
+
     def test_a_busy_camera_can_be_opened_later(self):
         picture = dict(kind="barcode", codes=[dict(symbology="qr", text="Later1")])
         found = self.outcomes([dict(kind="busy", times=1)], "-Mcamera", "Qc b", "0", "--ui", "--answer", "pass", picture=picture)
