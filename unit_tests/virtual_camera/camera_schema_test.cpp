@@ -51,8 +51,15 @@ class CameraSchema : public testing::Test {
     return made;
   }
 
-  // What is wrong with a description that holds one camera, picture, code or fault.
-  QString errorOf(const QString& kind, const QJsonObject& object) const {
+  // The smallest item that a list may hold.
+  QJsonValue leastItem(const QJsonObject& list) const {
+    QJsonObject item = resolved(list["items"]);
+    if (item.contains("oneOf")) item = item["oneOf"][0].toObject();
+    return item.contains("properties") ? QJsonValue(least(item)) : QStringLiteral("a/1.png");
+  }
+
+  // A description as it is read, or one that holds one camera, picture, code or fault.
+  CameraFile read(const QString& kind, const QJsonObject& object) const {
     QJsonObject camera = least(definition(QStringLiteral("camera")));
     if (kind == QLatin1String("camera")) camera = object;
     if (kind == QLatin1String("picture")) camera["picture"] = object;
@@ -64,12 +71,16 @@ class CameraSchema : public testing::Test {
       if (object["kind"] == "returns") faults.prepend(QJsonObject{{"kind", "removed"}, {"at", 0}});
       camera["faults"] = faults;
     }
-    return parseCameraFile(QJsonDocument(QJsonObject{{"cameras", QJsonArray{camera}}}).toJson(),
-                           folder.filePath(QStringLiteral("c.json")), FileCheck::kImages)
-        .error;
+    const QJsonObject root{{"cameras", QJsonArray{camera}}};
+    return parseCameraFile(QJsonDocument(kind == QLatin1String("root") ? object : root).toJson(),
+                           folder.filePath(QStringLiteral("c.json")), FileCheck::kImages);
   }
 
-  static QString with(const QString& name) { return QLatin1Char('.') + name + QLatin1Char(' '); }
+  QString errorOf(const QString& kind, const QJsonObject& object) const { return read(kind, object).error; }
+
+  static QString with(const QString& kind, const QString& name) {
+    return (kind == QLatin1String("root") ? QStringLiteral(": ") : QStringLiteral(".")) + name + QLatin1Char(' ');
+  }
 
   // The words or keys that a sentence says are allowed.
   static QStringList allowedIn(const QString& sentence) {
@@ -88,6 +99,11 @@ class CameraSchema : public testing::Test {
       object[name] = value;
       return errorOf(kind, object);
     };
+    if (property.contains("default")) {
+      const std::vector<CameraDescription> without = read(kind, object).cameras;
+      object[name] = property["default"];
+      EXPECT_EQ(read(kind, object).cameras, without) << "another default";
+    }
     if (property.contains("enum")) {
       for (const QJsonValue word : property["enum"].toArray()) EXPECT_EQ(errorWith(word), QString());
       EXPECT_EQ(allowedIn(errorWith("?")), sorted(property["enum"].toVariant().toStringList()));
@@ -103,8 +119,15 @@ class CameraSchema : public testing::Test {
       EXPECT_EQ(errorWith((least + most) / 2 + 0.25).contains(QStringLiteral("must be a whole number")),
                 property["type"] == "integer");
     } else if (!property.contains("const")) {
-      EXPECT_TRUE(errorWith(1).contains(with(name))) << "accepted: 1";
+      EXPECT_TRUE(errorWith(1).contains(with(kind, name))) << "accepted: 1";
     }
+    if (property["type"] != "array") return;
+    QJsonArray list;
+    EXPECT_EQ(errorWith(list).isEmpty(), property["minItems"].toInt() == 0);
+    while (list.size() < property["maxItems"].toInt()) list << leastItem(property);
+    EXPECT_EQ(errorWith(list), QString());
+    list << leastItem(property);
+    EXPECT_TRUE(errorWith(list).contains(QStringLiteral("; allowed are "))) << "accepted: " << list.size();
   }
 
   void checkObject(const QString& kind, const QJsonObject& object) const {
@@ -118,7 +141,7 @@ class CameraSchema : public testing::Test {
       SCOPED_TRACE(name.toStdString());
       QJsonObject less = given;
       less.remove(name);
-      EXPECT_EQ(errorOf(kind, less).contains(with(name) + QStringLiteral("is missing")), given.contains(name));
+      EXPECT_EQ(errorOf(kind, less).contains(with(kind, name) + QStringLiteral("is missing")), given.contains(name));
       if (properties[name]["$ref"] == "#/definitions/picture") continue;
       checkProperty(kind, given, name, resolved(properties[name]));
     }
@@ -129,6 +152,7 @@ class CameraSchema : public testing::Test {
 };
 
 TEST_F(CameraSchema, AllowsWhatTheReaderTakesAndNothingElse) {
+  checkObject(QStringLiteral("root"), schema);
   for (const char* name : {"camera", "picture", "code", "fault"}) {
     const QString kind = QString::fromLatin1(name);
     const QJsonArray forms = definition(kind)["oneOf"].toArray();
