@@ -55,7 +55,8 @@ CaptureStatus WinCameraFrameCapturer::start() {
     get_thread()->wait(thread);
     return startStatus;
   }
-  // The format can be asked for only while running, and callers do so at once. A stop from another thread may be quicker.
+  // The format can be asked for only while running, and callers do so at once. A stop from another thread may be
+  // quicker.
   while (running != 1 && ready == 1) get_timer()->sleep(0);
   return CaptureOk;
 }
