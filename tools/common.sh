@@ -85,7 +85,7 @@ cached() { printf '%s/%s-%s-%s' "$cache" "$1" "${2//[^0-9A-Za-z.]/_}" "$(recipe 
 # the number before, as the archive does not hold the source of its 6.4.
 qt_svg_version=5.15.8-3
 qt_prefix() {
-  cached qt "$(installed_version qt6-base-dev)-svg-$qt_svg_version" "$project/cmake/qt_windows.cmake" "$project/cmake/mingw-w64-x86_64.cmake" \
+  cached qt "$(installed_version qt6-base-dev)-svg-$qt_svg_version" "$project/cmake/qt_windows.cmake" "$project/cmake/qt_unity.cmake" "$project/cmake/mingw-w64-x86_64.cmake" \
     "$project/cmake/qt_svg/CMakeLists.txt" "$project/cmake/qt_svg/qt6.sed"
 }
 

@@ -1,0 +1,121 @@
+// What is done a thousand times over leaves the process as it was: frames, captures, dialogs.
+
+#include <windows.h>
+#include <psapi.h>
+#include <tlhelp32.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "capture/win_camera_frame_capturer.h"
+#include "discovery/win_camera_component.h"
+#include "ui/camera_barcode_widget_wrapper.h"
+#include "ui/camera_widget_wrapper.h"
+#include "unit_tests/capture/fake_reader.h"
+#include "unit_tests/fakes/fake_host_services.h"
+#include "unit_tests/ui/dialog_helpers.h"
+
+namespace {
+
+/// What a process holds.
+struct Figures {
+  long long privateKilobytes = 0;
+  long long handles = 0;
+  long long gdiObjects = 0;
+  long long userObjects = 0;
+  long long threads = 0;
+};
+
+long long countThreads() {
+  const HANDLE all = CreateToolhelp32Snapshot(TH32CS_SNAPTHREAD, 0);
+  THREADENTRY32 thread{};
+  thread.dwSize = sizeof thread;
+  long long count = 0;
+  for (BOOL more = Thread32First(all, &thread); more; more = Thread32Next(all, &thread)) {
+    count += thread.th32OwnerProcessID == GetCurrentProcessId();
+  }
+  CloseHandle(all);
+  return count;
+}
+
+Figures figuresNow() {
+  const HANDLE process = GetCurrentProcess();
+  PROCESS_MEMORY_COUNTERS_EX memory{};
+  GetProcessMemoryInfo(process, reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&memory), sizeof memory);
+  DWORD handles = 0;
+  GetProcessHandleCount(process, &handles);
+  return {static_cast<long long>(memory.PrivateUsage / 1024), handles, GetGuiResources(process, GR_GDIOBJECTS),
+          GetGuiResources(process, GR_USEROBJECTS), countThreads()};
+}
+
+void print(const char* when, const Figures& figures) {
+  std::printf("soak, %s: %lld KB private, %lld handles, %lld GDI and %lld USER objects, %lld threads\n", when,
+              figures.privateKilobytes, figures.handles, figures.gdiObjects, figures.userObjects, figures.threads);
+}
+
+/// Does something `rounds` times after a tenth of that as a warm-up, which nothing may grow after.
+void soak(int rounds, const std::function<void()>& round) {
+  for (int i = 0; i < rounds / 10; ++i) round();
+  const Figures before = figuresNow();
+  for (int i = 0; i < rounds; ++i) round();
+  const Figures after = figuresNow();
+  print("warm", before);
+  print("end ", after);
+  EXPECT_LE(after.privateKilobytes, before.privateKilobytes + 1024);
+  EXPECT_LE(after.handles, before.handles);
+  EXPECT_LE(after.gdiObjects, before.gdiObjects);
+  EXPECT_LE(after.userObjects, before.userObjects);
+  EXPECT_LE(after.threads, before.threads);
+}
+
+class SoakTest : public testing::Test {
+ protected:
+  SoakTest() {
+    resetFakeHostServices();
+    resetScriptedCapture();
+    *capturer.GetAddressOf() = new WinCameraFrameCapturer(&camera);  // born with one reference
+  }
+
+  WinCameraComponent camera{{"\\\\?\\usb#vid_1", "", "", "", "", "", "", "", CameraType::kUsb}, 0};
+  Microsoft::WRL::ComPtr<WinCameraFrameCapturer> capturer;
+};
+
+TEST_F(SoakTest, TenThousandFrames) {
+  ASSERT_EQ(capturer->start(), CaptureOk);
+  const auto sample = makeSample(std::vector<std::uint8_t>(std::size_t{1920} * 1080 * 4, 1));
+  soak(10000, [&] {
+    capturer->OnReadSample(S_OK, 0, 0, 0, sample.Get());
+    std::uint8_t* buffer = nullptr;
+    ASSERT_EQ(capturer->getFrame(buffer, 5000), CaptureOk);
+    delete[] buffer;
+  });
+  EXPECT_EQ(capturer->stop(), CaptureOk);
+}
+
+TEST_F(SoakTest, AThousandCaptures) {
+  soak(1000, [&] {
+    ASSERT_EQ(capturer->start(), CaptureOk);
+    ASSERT_EQ(capturer->stop(), CaptureNoFrameYet);
+  });
+}
+
+TEST_F(SoakTest, AThousandDialogs) {
+  QImage frame(640, 480, QImage::Format_RGB32);
+  frame.fill(Qt::darkGray);
+  const auto show = [&](auto wrapper, auto& open) {
+    ASSERT_TRUE(wrapper->CreateWidget(nullptr, &hostFilter));
+    wrapper->SendFrame(frame);
+    QApplication::processEvents();
+    open()->Close();
+    while (open()) QApplication::processEvents();
+  };
+  soak(500, [&] {
+    show(std::make_shared<CameraWidgetWrapper>(frame.size(), nullptr), openDialog<CameraDialog>);
+    show(std::make_shared<CameraBarcodeWidgetWrapper>(frame.size(), nullptr), openDialog<CameraBarcodeDialog>);
+  });
+}
+
+}  // namespace
