@@ -66,8 +66,7 @@ class SilentCapture {
  public:
   explicit SilentCapture(QSize size)
       : frameSize(size),
-        camera(cameraOf(QStringLiteral("Silent"), size,
-                        {{"framesPerSecond", 1}, {"faults", QJsonArray{QJsonObject{{"kind", "stall"}, {"at", 0}}}}})),
+        camera(silentCamera(0, size, {{"framesPerSecond", 1}})),
         sample(static_cast<DWORD>(bytes())),
         capturer(dynamic_cast<WinCameraFrameCapturer&>(*camera.component().getFrameCapturer())) {
     if (capturer.start() != CaptureOk) throw std::runtime_error("the silent camera does not start");

@@ -24,6 +24,12 @@ QJsonObject cameraOf(const QString& name, QSize size, const QJsonObject& more) {
   return camera;
 }
 
+QJsonObject silentCamera(double afterSeconds, QSize size, const QJsonObject& more) {
+  QJsonObject camera = cameraOf(QStringLiteral("Camera"), size, more);
+  camera["faults"] = QJsonArray{QJsonObject{{"kind", "stall"}, {"at", afterSeconds}}};
+  return camera;
+}
+
 Planting::Planting(const QJsonArray& cameras) {
   const QString path = QDir::toNativeSeparators(folder.filePath(QStringLiteral("cameras.json")));
   QFile file(path);

@@ -12,6 +12,11 @@ class CameraComponent;
 /// A camera of the given name and size, as the virtual camera's description has it; `more` is added.
 [[nodiscard]] QJsonObject cameraOf(const QString& name, QSize size, const QJsonObject& more = {});
 
+/// The same, with a camera that falls silent some time after its start. What reads a camera is best ended in silence:
+/// where a frame is on its way the last reference to a source reader may be one of the reader's own thread, which then
+/// waits for itself under Wine.
+[[nodiscard]] QJsonObject silentCamera(double afterSeconds, QSize size, const QJsonObject& more = {});
+
 /// Virtual cameras in the registry of the run's Wine prefix, for as long as the object lives.
 class Planting {
  public:

@@ -7,6 +7,7 @@
 #include <memory>
 #include <stdexcept>
 #include <thread>
+#include <utility>
 
 #include "benchmarks/bare_reader.h"
 #include "benchmarks/comparison.h"
@@ -29,6 +30,7 @@ namespace {
 constexpr QSize kFrame(1920, 1080);
 constexpr double kMegabyte = 1024 * 1024;
 constexpr int kRounds = 9;
+constexpr char kBare[] = "a bare reader and widget";
 
 /// A host whose user confirms everything.
 class Host : public TestExecutionContext, private MessageList, private ProgressReporter, private EventSource {
@@ -118,11 +120,25 @@ double peakOf(const std::function<void()>& run) {
   return (watch.peak() - idle) / kMegabyte;
 }
 
+/// What the test and a bare reader with a bare widget take in so many seconds.
+std::pair<Rounds, Rounds> alternated(double (*figureOf)(const std::function<void()>& run), const QString& picture,
+                                     int seconds) {
+  const FoundCamera camera(
+      silentCamera(seconds - 0.1, kFrame, {{"picture", QJsonObject{{"kind", "image"}, {"file", picture}}}}));
+  runTest(camera.component(), seconds);
+  Rounds test;
+  Rounds bare;
+  alternate(
+      kRounds, [&] { test.push_back(figureOf([&] { runTest(camera.component(), seconds); })); },
+      [&] { bare.push_back(figureOf([&] { runBare(camera.path(), seconds); })); });
+  return {test, bare};
+}
+
 }  // namespace
 
 void compareTestRuns(Comparison& comparison) {
   const Row memory{"memory of a capture test, 1920x1080", "five frames", 1, "MB"};
-  const Row processor{"processor time of a capture test, 1920x1080", "a bare reader and widget", 0, "ms/s"};
+  const Row processor{"processor time of a capture test, 1920x1080", kBare, 0, "ms/s"};
   if (!comparison.wants(memory.work) && !comparison.wants(processor.work)) return;
 
   // An image that does not change: what the virtual camera itself takes stays small.
@@ -131,22 +147,15 @@ void compareTestRuns(Comparison& comparison) {
   QImage picture(kFrame, QImage::Format_RGB32);
   picture.fill(Qt::darkCyan);
   if (!picture.save(file)) throw std::runtime_error("the camera's picture cannot be written");
-  const FoundCamera camera(
-      cameraOf(QStringLiteral("Camera"), kFrame, {{"picture", QJsonObject{{"kind", "image"}, {"file", file}}}}));
-  runTest(camera.component(), 1);
 
   if (comparison.wants(memory.work)) {
     constexpr double kFiveFrames = 5.0 * 4 * kFrame.width() * kFrame.height() / kMegabyte;
-    Rounds peaks;
-    for (int i = 0; i < kRounds; ++i) peaks.push_back(peakOf([&] { runTest(camera.component(), 1); }));
-    comparison.record(memory, peaks, {kFiveFrames});
+    const auto [test, bare] = alternated(peakOf, file, 1);
+    comparison.record(memory, test, {kFiveFrames});
+    comparison.record({memory.work, kBare, 0, memory.unit}, test, bare);
   }
-  if (!comparison.wants(processor.work)) return;
-  constexpr int kSeconds = 3;
-  Rounds test;
-  Rounds bare;
-  alternate(
-      kRounds, [&] { test.push_back(processorTimeOf([&] { runTest(camera.component(), kSeconds); })); },
-      [&] { bare.push_back(processorTimeOf([&] { runBare(camera.path(), kSeconds); })); });
-  comparison.record(processor, test, bare);
+  if (comparison.wants(processor.work)) {
+    const auto [test, bare] = alternated(processorTimeOf, file, 2);
+    comparison.record(processor, test, bare);
+  }
 }
