@@ -68,6 +68,10 @@ BareReader::~BareReader() {
   close();
 }
 
+void BareReader::read() {
+  callback->readWith(reader.Get());
+}
+
 void BareReader::open(const std::string& devicePath) {
   ComPtr<IMFAttributes> attributes;
   check(MFCreateAttributes(&attributes, 2));
@@ -90,7 +94,6 @@ void BareReader::open(const std::string& devicePath) {
   check(reader->SetCurrentMediaType(kFirstVideoStream, nullptr, type.Get()));
   check(reader->SetStreamSelection(kAllStreams, FALSE));
   check(reader->SetStreamSelection(kFirstVideoStream, TRUE));
-  check(callback->readWith(reader.Get()));
 }
 
 void BareReader::close() {

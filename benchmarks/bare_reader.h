@@ -14,11 +14,14 @@ class BareReader {
   /// Called on a thread of Media Foundation with each frame.
   using OnFrame = std::function<void(IMFSample& sample)>;
 
-  /// Opens the camera and asks for the first frame. Throws std::runtime_error.
+  /// Opens the camera. Throws std::runtime_error.
   BareReader(const std::string& devicePath, OnFrame onFrame);
   ~BareReader();
   BareReader(const BareReader&) = delete;
   BareReader& operator=(const BareReader&) = delete;
+
+  /// Asks for the first frame; each frame then for the next.
+  void read();
 
  private:
   class Callback;

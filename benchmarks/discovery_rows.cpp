@@ -169,6 +169,6 @@ void compareDiscovery(Comparison& comparison) {
   Rounds ofMany;
   Rounds ofFew;
   alternate(
-      4, [&] { addOwnTimes(500, 5, ofMany); }, [&] { addOwnTimes(10, 50, ofFew); });
+      3, [&] { addOwnTimes(500, 3, ofMany); }, [&] { addOwnTimes(10, 30, ofFew); });
   comparison.record(own, ofMany, ofFew);
 }

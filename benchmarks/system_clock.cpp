@@ -36,35 +36,31 @@ struct Clocked {
 struct Import {
   const char* name;
   void* clocked;
-  void* original;
+  /// Where the function itself is kept while it is clocked.
+  void** original;
 };
 
 template <int Number, class Result, class... Arguments>
-Import clocked(const char* name, Result(WINAPI* function)(Arguments...)) {
+Import clocked(const char* name, Result(WINAPI*)(Arguments...)) {
   using Function = Clocked<Number, Result, Arguments...>;
-  Function::original = function;
-  return {name, reinterpret_cast<void*>(&Function::call), reinterpret_cast<void*>(function)};
+  return {name, reinterpret_cast<void*>(&Function::call), reinterpret_cast<void**>(&Function::original)};
 }
 
-const Import* imports(int& count) {
-  static const Import kImports[] = {
-      clocked<0>("CoInitializeEx", CoInitializeEx),
-      clocked<1>("CoUninitialize", CoUninitialize),
-      clocked<2>("MFStartup", MFStartup),
-      clocked<3>("MFShutdown", MFShutdown),
-      clocked<4>("MFEnumDeviceSources", MFEnumDeviceSources),
-      clocked<5>("RegGetValueW", RegGetValueW),
-      clocked<6>("SetupDiGetClassDevsW", SetupDiGetClassDevsW),
-      clocked<7>("SetupDiDestroyDeviceInfoList", SetupDiDestroyDeviceInfoList),
-      clocked<8>("SetupDiEnumDeviceInfo", SetupDiEnumDeviceInfo),
-      clocked<9>("SetupDiEnumDeviceInterfaces", SetupDiEnumDeviceInterfaces),
-      clocked<10>("SetupDiGetDeviceInstanceIdW", SetupDiGetDeviceInstanceIdW),
-      clocked<11>("SetupDiGetDeviceInterfaceDetailW", SetupDiGetDeviceInterfaceDetailW),
-      clocked<12>("SetupDiGetDeviceRegistryPropertyW", SetupDiGetDeviceRegistryPropertyW),
-  };
-  count = static_cast<int>(std::size(kImports));
-  return kImports;
-}
+const Import kImports[] = {
+    clocked<0>("CoInitializeEx", CoInitializeEx),
+    clocked<1>("CoUninitialize", CoUninitialize),
+    clocked<2>("MFStartup", MFStartup),
+    clocked<3>("MFShutdown", MFShutdown),
+    clocked<4>("MFEnumDeviceSources", MFEnumDeviceSources),
+    clocked<5>("RegGetValueW", RegGetValueW),
+    clocked<6>("SetupDiGetClassDevsW", SetupDiGetClassDevsW),
+    clocked<7>("SetupDiDestroyDeviceInfoList", SetupDiDestroyDeviceInfoList),
+    clocked<8>("SetupDiEnumDeviceInfo", SetupDiEnumDeviceInfo),
+    clocked<9>("SetupDiEnumDeviceInterfaces", SetupDiEnumDeviceInterfaces),
+    clocked<10>("SetupDiGetDeviceInstanceIdW", SetupDiGetDeviceInstanceIdW),
+    clocked<11>("SetupDiGetDeviceInterfaceDetailW", SetupDiGetDeviceInterfaceDetailW),
+    clocked<12>("SetupDiGetDeviceRegistryPropertyW", SetupDiGetDeviceRegistryPropertyW),
+};
 
 /// A structure at an address that the program's own image names.
 template <class Structure>
@@ -72,17 +68,15 @@ Structure* inProgram(std::size_t address) {
   return reinterpret_cast<Structure*>(reinterpret_cast<char*>(GetModuleHandleW(nullptr)) + address);
 }
 
-void replace(IMAGE_THUNK_DATA& slot, void* function) {
+void write(ULONGLONG& slot, void* function) {
   DWORD protection = 0;
   VirtualProtect(&slot, sizeof(slot), PAGE_READWRITE, &protection);
-  slot.u1.Function = reinterpret_cast<ULONGLONG>(function);
+  slot = reinterpret_cast<ULONGLONG>(function);
   VirtualProtect(&slot, sizeof(slot), protection, &protection);
 }
 
-/// Puts one of the two functions of each import into the program's table of imports.
-void setImports(void* Import::*function) {
-  int count = 0;
-  const Import* const all = imports(count);
+/// Calls `change` with each clocked import and its place in the program's table of imports.
+void forEachImport(void (*change)(const Import& import, ULONGLONG& slot)) {
   const auto* const dos = inProgram<IMAGE_DOS_HEADER>(0);
   const auto* const headers = inProgram<IMAGE_NT_HEADERS>(static_cast<std::size_t>(dos->e_lfanew));
   const IMAGE_DATA_DIRECTORY& directory = headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
@@ -90,10 +84,10 @@ void setImports(void* Import::*function) {
     auto* name = inProgram<IMAGE_THUNK_DATA>(library->OriginalFirstThunk);
     for (auto* slot = inProgram<IMAGE_THUNK_DATA>(library->FirstThunk); slot->u1.Function != 0; ++slot, ++name) {
       if (IMAGE_SNAP_BY_ORDINAL(name->u1.Ordinal)) continue;
-      const char* const imported =
+      const auto* const imported =
           reinterpret_cast<const char*>(inProgram<IMAGE_IMPORT_BY_NAME>(name->u1.AddressOfData)->Name);
-      for (int i = 0; i < count; ++i) {
-        if (std::strcmp(imported, all[i].name) == 0) replace(*slot, all[i].*function);
+      for (const Import& import : kImports) {
+        if (std::strcmp(imported, import.name) == 0) change(import, slot->u1.Function);
       }
     }
   }
@@ -102,11 +96,14 @@ void setImports(void* Import::*function) {
 }  // namespace
 
 SystemClock::SystemClock() {
-  setImports(&Import::clocked);
+  forEachImport([](const Import& import, ULONGLONG& slot) {
+    *import.original = reinterpret_cast<void*>(slot);
+    write(slot, import.clocked);
+  });
 }
 
 SystemClock::~SystemClock() {
-  setImports(&Import::original);
+  forEachImport([](const Import& import, ULONGLONG& slot) { write(slot, *import.original); });
 }
 
 double SystemClock::takeMilliseconds() {

@@ -97,10 +97,11 @@ void runBare(const std::string& devicePath, double seconds) {
   std::unique_ptr<BareView> view;
   onUserInterface([&] { view = std::make_unique<BareView>(); });
   {
-    const BareReader reader(devicePath, [&](IMFSample& sample) {
+    BareReader reader(devicePath, [&](IMFSample& sample) {
       QMetaObject::invokeMethod(
           view.get(), [shown = view.get(), image = imageOf(sample)] { shown->show(image); }, Qt::QueuedConnection);
     });
+    reader.read();
     std::this_thread::sleep_for(std::chrono::duration<double>(seconds));
   }
   onUserInterface([&] { view.reset(); });

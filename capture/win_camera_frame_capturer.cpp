@@ -86,6 +86,8 @@ CaptureStatus WinCameraFrameCapturer::getFrame(std::uint8_t*& buffer, std::uint3
   for (;;) {
     if (get_timer()->elapsedSeconds(startTick, currentTick()) * 1000.0 > timeoutMs) return CaptureTimedOut;
 
+    // Looks without a lock: who waits here would have the locks most of the time, and the callback would wait for them.
+    if (status == CaptureNoFrameYet) continue;
     // Never waits behind the callback's copy.
     if (!frameMutex->tryLock()) continue;
     const std::unique_lock<QMutex> frameLock(*frameMutex, std::adopt_lock);

@@ -78,8 +78,9 @@ class WinCameraFrameCapturer : public CameraFrameCapturer, public IMFSourceReade
   bool topDown = false;
   /// Changed by interlocked operations only.
   LONG refCount = 1;
-  /// Under `statusMutex`; `startWorker` first writes it without, when no other thread is there.
-  CaptureStatus status = CaptureOk;
+  /// Under `statusMutex`; `startWorker` first writes it without, when no other thread is there, and `getFrame` looks at
+  /// it without whether it is worth while to lock.
+  std::atomic<CaptureStatus> status = CaptureOk;
   /// 1 while frames are being read. Atomic, no lock.
   std::atomic<std::uint32_t> running{0};
   /// 1 once the worker's start-up is complete. Atomic, no lock.
