@@ -8,6 +8,7 @@
 
 #include <cstdio>
 #include <string>
+#include <vector>
 
 #include "benchmarks/codeless_frames.h"
 #include "benchmarks/durations.h"
@@ -27,11 +28,11 @@ class Decoder {
   Decoder() { configureDecoder(decoder); }
 
   double medianMs(const QImage& frame) {
-    Durations durations;
-    for (int round = 0; round < kRounds && (round == 0 || durations.median() < kLongMs); ++round) {
-      durations.measure([&] { text = decodeFrame(decoder, frame); });
+    std::vector<double> times;
+    for (int round = 0; round < kRounds && (round == 0 || medianOf(times) < kLongMs); ++round) {
+      times.push_back(millisecondsOf([&] { text = decodeFrame(decoder, frame); }));
     }
-    return durations.median();
+    return medianOf(times);
   }
 
   void compare(const std::string& content, const QImage& frame, double ordinary) {

@@ -4,24 +4,18 @@
 #include <chrono>
 #include <vector>
 
-/// How long the rounds of a step took.
-class Durations {
- public:
-  template <class Step>
-  void measure(Step step) {
-    using Clock = std::chrono::steady_clock;
-    const auto start = Clock::now();
-    step();
-    times.push_back(std::chrono::duration<double, std::milli>(Clock::now() - start).count());
-  }
+/// How long a step takes.
+template <class Step>
+[[nodiscard]] double millisecondsOf(Step step) {
+  using Clock = std::chrono::steady_clock;
+  const auto start = Clock::now();
+  step();
+  return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
+}
 
-  /// In milliseconds, of one round or more.
-  [[nodiscard]] double median() {
-    const auto middle = times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2);
-    std::ranges::nth_element(times, middle);
-    return *middle;
-  }
-
- private:
-  std::vector<double> times;
-};
+/// Of one value or more; of an even number the upper one of the two in the middle.
+[[nodiscard]] inline double medianOf(std::vector<double> values) {
+  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+  std::ranges::nth_element(values, middle);
+  return *middle;
+}

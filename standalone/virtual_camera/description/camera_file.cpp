@@ -25,7 +25,7 @@ constexpr std::array kStrideWords{Word<Stride>{"positive", Stride::kPositive},
                                   Word<Stride>{"negative", Stride::kNegative}, Word<Stride>{"absent", Stride::kAbsent}};
 
 constexpr NumberRange kRateRange{1, 240};
-constexpr qsizetype kMostCameras = 64;
+constexpr qsizetype kMostCameras = 1000;
 
 CameraDescription readCamera(const JsonObjectReader& reader, const PictureFiles& files) {
   reader.allowOnly({"name", "manufacturer", "description", "connection", "hardwareId", "driverVersion", "setupClass",
