@@ -26,11 +26,6 @@ add_library(qzxing STATIC ${qzxing_sources}
   ${qzxing_dir}/QZXing.cpp ${qzxing_dir}/QZXing.h
   ${qzxing_dir}/ImageHandler.cpp ${qzxing_dir}/ImageHandler.h
   ${qzxing_dir}/CameraImageWrapper.cpp ${qzxing_dir}/CameraImageWrapper.h)
-# Many small sources with the same headers: together they compile in a third of the time. A few have the same names as others.
-set_target_properties(qzxing PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 16)
-foreach(apart CodaBarReader Code39Reader Code93Reader UPCEANExtension5Support rss/expanded/RSSExpandedReader)
-  set_source_files_properties(${qzxing_dir}/zxing/zxing/oned/${apart}.cpp PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
-endforeach()
 target_include_directories(qzxing SYSTEM PUBLIC ${qzxing_dir} ${qzxing_dir}/zxing)
 if(WIN32)
   target_include_directories(qzxing SYSTEM PRIVATE ${qzxing_dir}/zxing/win32/zxing)
