@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 
+#include <exception>
 #include <future>
 
 #include "standalone/host/host_error.h"
@@ -26,17 +27,20 @@ void ExecutionContext::report(int percent, const std::string& text) {
 
 void ExecutionContext::submit(InputRequest* request) {
   if (!request) throw HostError(QCoreApplication::translate("ExecutionContext", "The test asked for nothing."));
-  // What is thrown there is the module's own, which makes its dialog on that thread.
+  // What is thrown there is the module's own, which makes its dialog on that thread. That thread is done with it before
+  // this one has it.
+  std::exception_ptr thrown;
   std::promise<void> asked;
   session.post([&] {
     try {
       session.ask(*request, *this);
-      asked.set_value();
     } catch (...) {
-      asked.set_exception(std::current_exception());
+      thrown = std::current_exception();
     }
+    asked.set_value();
   });
-  asked.get_future().get();
+  asked.get_future().wait();
+  if (thrown) std::rethrow_exception(thrown);
 }
 
 std::uint32_t ExecutionContext::getEvent() {
