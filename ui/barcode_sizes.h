@@ -17,3 +17,8 @@ constexpr BarcodeSizes barcodeSizesFor(int screenWidth) {
   if (screenWidth <= 1600) return {720, 480, 60};
   return {960, 540, 70};
 }
+
+/// Which of the two viewfinders a picture of this width gets.
+constexpr bool hasSmallViewfinder(int imageWidth) {
+  return imageWidth < 720;
+}

@@ -11,13 +11,6 @@
 
 using vexa::utils::platform::IsNarratorRunning;
 
-namespace {
-
-/// From this image width on the viewfinder is the large one.
-constexpr int kLargeViewfinderWidth = 720;
-
-}  // namespace
-
 CameraBarcodeDialog::CameraBarcodeDialog(QWidget* parent, QObject* eventFilter)
     : PictureDialog(parent, eventFilter, HiddenWidgets::kSkip), ui(std::make_unique<Ui::CameraBarcodeDialog>()) {
   ui->setupUi(this);
@@ -93,7 +86,7 @@ void CameraBarcodeDialog::ShowRetry() {
 
 bool CameraBarcodeDialog::LoadFrame(QImage image) {
   image = stretched(image);
-  drawViewfinder(image, imageWidth < kLargeViewfinderWidth);
+  drawViewfinder(image, hasSmallViewfinder(imageWidth));
   showPicture(image);
   return true;
 }

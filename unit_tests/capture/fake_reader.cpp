@@ -142,8 +142,19 @@ SUBSTITUTE_IMPORT(BOOL, UnregisterDeviceNotification, (HDEVNOTIFY notification))
   return SYSTEM_FUNCTION("user32", UnregisterDeviceNotification)(notification);
 }
 
-SUBSTITUTE_IMPORT(HWND, CreateWindowExW, (auto... arguments)) {
-  return fails("CreateWindow") ? nullptr : SYSTEM_FUNCTION("user32", CreateWindowExW)(arguments...);
+SUBSTITUTE_IMPORT(HWND, CreateWindowExW,
+                  (DWORD extended, LPCWSTR name, LPCWSTR title, DWORD style, int x, int y, int width, int height,
+                   HWND parent, HMENU menu, HINSTANCE program, LPVOID parameter)) {
+  const bool expected = extended == 0 && style == 0xCF0000 && x == CW_USEDEFAULT && y == x && width == x && height == x;
+  if (fails("CreateWindow") || !expected || parent || menu) return nullptr;
+  // Windows places such a window anywhere, Wine at its zeros.
+  return SYSTEM_FUNCTION("user32", CreateWindowExW)(extended, name, title, style, 100, 50, 300, 200, parent, menu,
+                                                    program, parameter);
+}
+
+SUBSTITUTE_IMPORT(BOOL, PostThreadMessageW, (DWORD thread, UINT message, WPARAM wParam, LPARAM lParam)) {
+  if (scriptedCapture().onQuit) scriptedCapture().onQuit();
+  return SYSTEM_FUNCTION("user32", PostThreadMessageW)(thread, message, wParam, lParam);
 }
 
 SUBSTITUTE_IMPORT(BOOL, DestroyWindow, (HWND window)) {

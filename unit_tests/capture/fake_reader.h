@@ -34,6 +34,9 @@ struct ScriptedCapture {
   /// The capturer as the reader knows it; set while a reader lives.
   std::atomic<IMFSourceReaderCallback*> callback{nullptr};
 
+  /// Called as the worker is asked to end.
+  std::function<void()> onQuit;
+
   /// Puts a step of the clean-up on record.
   void note(const std::string& step);
   /// The steps so far, in order, each with a blank before it.

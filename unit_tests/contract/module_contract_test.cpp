@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -71,6 +72,32 @@ struct Record {
   std::string lastText;
 };
 
+/// Objects whose deletion is written down, with their names and tables. Each has a copy of its table instead, in which
+/// the destructor that also frees the object is another.
+struct Watched {
+  std::string name;
+  const Entry* table;
+  std::array<Entry, 16> copy;
+};
+std::map<void*, Watched> watched;
+std::vector<std::string> deleted;
+
+void writeDownAndDelete(void* object) {
+  const auto entry = watched.extract(object);
+  deleted.push_back(entry.mapped().name);
+  static_cast<Object*>(object)->table = entry.mapped().table;
+  call<void>(object, 1);
+}
+
+void watch(void* object, const std::string& name) {
+  const Entry*& table = static_cast<Object*>(object)->table;
+  Watched& entry = watched[object] = {name, table, {}};
+  // Two entries about the type come before the first place.
+  std::copy_n(table - 2, entry.copy.size(), entry.copy.begin());
+  entry.copy[3] = reinterpret_cast<Entry>(&writeDownAndDelete);
+  table = &entry.copy[2];
+}
+
 /// With the module's DLL, loaded from where it lies, and the libraries that lie beside it.
 class ModuleContract : public testing::Test {
  protected:
@@ -107,7 +134,15 @@ TEST_F(ModuleContract, TheModuleIsOneObjectUntilReleasedAndIsThenBuiltAnew) {
   call<void, const NumberedTexts&>(resource(), 13, changed);
   EXPECT_EQ(call<NumberedTexts>(resource(), 12), changed) << "the same resource every time";
 
+  watch(resource(), "resource");
+  watch(call<void*>(first, 5), "component manager");
+  watch(test(0), "capture test");
+  watch(test(1), "barcode test");
+  watch(diagnostic(), "diagnostic");
+  watch(first, "module");
   release();
+  EXPECT_THAT(deleted, testing::ElementsAre("resource", "component manager", "capture test", "barcode test",
+                                            "diagnostic", "module"));
   EXPECT_EQ(call<NumberedTexts>(resource(), 12), (NumberedTexts{{0, "0 - 1"}, {1, ""}, {2, ""}}));
 }
 

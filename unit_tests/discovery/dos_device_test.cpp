@@ -28,7 +28,7 @@ TEST_F(DosDeviceTest, PathsAreMadeOfTheNamesThatFitAndBeginWithThePrefix) {
   const std::wstring longest = L"COM" + std::wstring(258, L'x');
   // Its rest begins with the prefix, too.
   const std::wstring tooLong = longest + L"x" + L"COM4";
-  dosNames = L"COM1|" + tooLong + L"|" + longest + L"|com2|COM3||";
+  dosNames = L"COM1|" + longest + L"x|" + tooLong + L"|" + longest + L"|com2|COM3||";
   std::ranges::replace(dosNames, L'|', L'\0');
   std::vector<std::string> paths = {"kept"};
   EXPECT_EQ(scanner.getDosDevicePaths("COM", paths), 0u);

@@ -6,6 +6,7 @@
 #include <gmock/gmock.h>
 
 #include "unit_tests/discovery/camera_fixture.h"
+#include "utils/platform/media_session.h"
 
 namespace {
 
@@ -128,6 +129,8 @@ TEST_F(WinCameraScannerTest, AScanThatFailsForgetsTheCamerasOfTheLast) {
     plugInCamera(L"A", kCameraSetupClass, L"\\\\?\\usb#1");
   }
   EXPECT_EQ(onlyCamera().name, "Name of A");
+  systemScript().failCall("MFEnumDeviceSources");
+  EXPECT_FALSE(scanner.hasCameras()) << "the links of the scan are forgotten";
   EXPECT_EQ(scanner.clear(), 0u);
   EXPECT_THAT(scanner.getCameras(), IsEmpty());
 }
@@ -137,6 +140,22 @@ TEST_F(WinCameraScannerTest, EndsComAlsoWhenTheThreadIsInAnotherApartment) {
   scriptedMediaFoundation().apartmentStatus = RPC_E_CHANGED_MODE;
   EXPECT_EQ(onlyCamera().name, "Name of A");
   EXPECT_EQ(systemScript().outstanding().at("apartment"), -1) << "not taken, but given back";
+}
+
+TEST_F(WinCameraScannerTest, ASessionEndsBothOrOnlyWhatCameUp) {
+  using vexa::utils::platform::MediaSession;
+  for (const auto& [failing, started] : {std::pair("CoInitializeEx", 0), std::pair("MFStartup", 1), std::pair("", 2)}) {
+    for (const auto ending : {MediaSession::Ending::kBoth, MediaSession::Ending::kWhatStarted}) {
+      reset();
+      systemScript().failEveryCall(failing);
+      EXPECT_EQ(MediaSession(ending).isStarted(), started == 2) << failing;
+      const int ended = ending == MediaSession::Ending::kBoth ? 2 : started;
+      const std::vector<std::string> both = {"MFShutdown", "CoUninitialize"};
+      std::vector<std::string> log = systemScript().log();
+      log.erase(log.begin(), log.begin() + std::min(started + 1, 2));
+      EXPECT_EQ(log, std::vector<std::string>(both.end() - ended, both.end())) << failing;
+    }
+  }
 }
 
 TEST_F(WinCameraScannerTest, GivesBackInOrderAndKeepsTheLinkTexts) {

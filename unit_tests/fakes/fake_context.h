@@ -29,7 +29,10 @@ class FakeContext : public TestExecutionContext, public MessageList, public Prog
   EventSource* getEventSource() override { return called(withEventSource ? this : nullptr); }
   bool isCancelled() override { return called(cancelled); }
 
-  void add(std::string key, std::uint64_t, std::uint64_t) override { told += called(' ' + key); }
+  void add(std::string key, std::uint64_t first, std::uint64_t second) override {
+    EXPECT_TRUE(first == 0 && second == 0);
+    told += called(' ' + key);
+  }
   void report(int percent, const std::string& text) override {
     told += called(' ' + std::to_string(percent) + (text.empty() ? "" : ':' + text));
   }

@@ -69,14 +69,20 @@ class FakeThreadService : public ThreadStarter {
   void create(std::uint64_t* handle, std::uint64_t extra, void (*entry)(void*), void* argument,
               const char* name) override {
     ThreadStarter::create(handle, extra, entry, argument, name);
-    fakeHostServices().lastThreadName = name;
+    lastThread = *handle;
+    fakeHostServices().lastThreadName = extra == 0 ? name : "";
     ++fakeHostServices().threadsCreated;
   }
   void wait(std::uint64_t handle) override {
     ThreadStarter::wait(handle);
     ++fakeHostServices().threadsWaitedFor;
   }
-  void setPriority(std::uint64_t, int value) override { fakeHostServices().priorities.push_back(value); }
+  void setPriority(std::uint64_t handle, int value) override {
+    fakeHostServices().priorities.push_back(handle == lastThread ? value : -1);
+  }
+
+ private:
+  std::uint64_t lastThread = 0;
 };
 
 class FakeModuleService : public ModuleLoader {

@@ -74,9 +74,10 @@ const std::wstring& idOf(DEVINST instance) {
 
 }  // namespace
 
-SUBSTITUTE_IMPORT(HDEVINFO, SetupDiGetClassDevsW, (const GUID* devicesClass, PCWSTR, HWND, DWORD flags)) {
+SUBSTITUTE_IMPORT(HDEVINFO, SetupDiGetClassDevsW,
+                  (const GUID* devicesClass, PCWSTR enumerator, HWND window, DWORD flags)) {
   scriptedSetupApi().openings.emplace_back(devicesClass ? *devicesClass : GUID{}, flags);
-  if (systemScript().fails("SetupDiGetClassDevsW")) {
+  if (systemScript().fails("SetupDiGetClassDevsW") || enumerator || window) {
     SetLastError(ERROR_ACCESS_DENIED);
     return INVALID_HANDLE_VALUE;
   }
@@ -155,30 +156,31 @@ SUBSTITUTE_IMPORT(BOOL, SetupDiGetDeviceRegistryPropertyW,
 
 SUBSTITUTE_IMPORT(BOOL, SetupDiGetDeviceInterfacePropertyW,
                   (HDEVINFO set, PSP_DEVICE_INTERFACE_DATA data, const DEVPROPKEY* key, DEVPROPTYPE* type, PBYTE buffer,
-                   DWORD size, PDWORD required, DWORD)) {
+                   DWORD size, PDWORD required, DWORD flags)) {
   if (!accepts("SetupDiGetDeviceInterfacePropertyW", set, data)) return FALSE;
   const ScriptedInterface& entry = interfaceOf(*data);
-  if (!entry.name || key->fmtid != kNameKey.fmtid || key->pid != kNameKey.pid) return failWith(ERROR_NOT_FOUND);
+  if (flags != 0 || !entry.name || key->fmtid != kNameKey.fmtid || key->pid != kNameKey.pid)
+    return failWith(ERROR_NOT_FOUND);
   if (buffer) scriptedSetupApi().interfacePropertySizes.push_back(size);
   *type = DEVPROP_TYPE_STRING;
   return deliver(entry.name->c_str(), (entry.name->size() + 1) * sizeof(wchar_t), buffer, size, required);
 }
 
-SUBSTITUTE_IMPORT(CONFIGRET, CM_Get_Parent, (PDEVINST parent, DEVINST child, ULONG)) {
-  if (systemScript().fails("CM_Get_Parent")) return CR_CALL_NOT_IMPLEMENTED;
+SUBSTITUTE_IMPORT(CONFIGRET, CM_Get_Parent, (PDEVINST parent, DEVINST child, ULONG flags)) {
+  if (systemScript().fails("CM_Get_Parent") || flags != 0) return CR_CALL_NOT_IMPLEMENTED;
   if (scriptedSetupApi().devices.at(child - 1).parentId.empty()) return CR_NO_SUCH_DEVNODE;
   *parent = child | kParentBit;
   return CR_SUCCESS;
 }
 
-SUBSTITUTE_IMPORT(CONFIGRET, CM_Get_Device_ID_Size, (PULONG length, DEVINST instance, ULONG)) {
-  if (systemScript().fails("CM_Get_Device_ID_Size")) return CR_FAILURE;
+SUBSTITUTE_IMPORT(CONFIGRET, CM_Get_Device_ID_Size, (PULONG length, DEVINST instance, ULONG flags)) {
+  if (systemScript().fails("CM_Get_Device_ID_Size") || flags != 0) return CR_FAILURE;
   *length = static_cast<ULONG>(idOf(instance).size());
   return CR_SUCCESS;
 }
 
-SUBSTITUTE_IMPORT(CONFIGRET, CM_Get_Device_IDW, (DEVINST instance, PWSTR buffer, ULONG length, ULONG)) {
-  if (systemScript().fails("CM_Get_Device_IDW")) return CR_FAILURE;
+SUBSTITUTE_IMPORT(CONFIGRET, CM_Get_Device_IDW, (DEVINST instance, PWSTR buffer, ULONG length, ULONG flags)) {
+  if (systemScript().fails("CM_Get_Device_IDW") || flags != 0) return CR_FAILURE;
   const std::wstring& id = idOf(instance);
   if (length < id.size() + 1) return CR_BUFFER_SMALL;
   id.copy(buffer, id.size());

@@ -5,7 +5,10 @@
 #include <algorithm>
 #include <atomic>
 #include <cstdlib>
+#include <cstring>
 #include <new>
+
+#include <gtest/gtest.h>
 
 #include "unit_tests/fakes/scripted_media_foundation.h"
 #include "unit_tests/fakes/scripted_setupapi.h"
@@ -13,6 +16,10 @@
 namespace {
 
 std::atomic<int> arrays{0};
+
+/// An array has its size before it, in a place that keeps it aligned, and a byte behind it that nobody may change.
+constexpr std::size_t kHead = 16;
+constexpr unsigned char kGuard = 0xA5;
 
 }  // namespace
 
@@ -22,14 +29,21 @@ SUBSTITUTE_IMPORT(int, WideCharToMultiByte, (auto... arguments)) {
 }
 
 void* operator new[](std::size_t size) {
-  void* block = std::malloc(size);
+  auto* const block = static_cast<unsigned char*>(std::malloc(kHead + size + 1));
   if (!block) throw std::bad_alloc();
+  std::memcpy(block, &size, sizeof(size));
+  block[kHead + size] = kGuard;
   ++arrays;
-  return block;
+  return block + kHead;
 }
 
-void operator delete[](void* block) noexcept {
-  if (block) --arrays;
+void operator delete[](void* array) noexcept {
+  if (!array) return;
+  unsigned char* const block = static_cast<unsigned char*>(array) - kHead;
+  std::size_t size = 0;
+  std::memcpy(&size, block, sizeof(size));
+  EXPECT_EQ(block[kHead + size], kGuard) << "written behind an array";
+  --arrays;
   std::free(block);
 }
 

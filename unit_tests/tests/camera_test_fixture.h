@@ -13,7 +13,8 @@
 #include "module/identifiers.h"
 #include "tests/camera_barcode_test.h"
 #include "tests/camera_capture_test.h"
-#include "ui/abstract_widget_wrapper.h"
+#include "ui/camera_barcode_widget_wrapper.h"
+#include "ui/camera_widget_wrapper.h"
 #include "unit_tests/fakes/fake_context.h"
 #include "unit_tests/fakes/fake_host_services.h"
 
@@ -42,7 +43,9 @@ class CameraTestFixture : public testing::Test {
   }
   TestResult run() {
     context.told.clear();
-    return test->run(&context);
+    const TestResult result = test->run(&context);
+    EXPECT_EQ(openDialog(), nullptr);
+    return result;
   }
   [[nodiscard]] std::string untilStart() const {
     return isCapture ? " 0 1 ?INITIAL_MESSAGE 30 (started)" : " 0 30 (started)";
@@ -70,16 +73,31 @@ class CameraTestFixture : public testing::Test {
   }
 
   void answer(InputRequest& request) {
+    const bool isMessage = request.secondCode != 3;
+    EXPECT_EQ(request.firstText, isMessage ? "CAMERA_CAPTURE_TEST" : "");
+    EXPECT_EQ(request.firstCode, 1u);
+    EXPECT_EQ(request.thirdCode, 0u);
+    EXPECT_EQ(request.widget == nullptr, isMessage);
+    EXPECT_EQ(request.extra,
+              isMessage ? reinterpret_cast<std::uintptr_t>(static_cast<TestExecutionContext*>(&context)) : 0);
     switch (request.secondCode) {
-      case InputRequest::kInitialMessage:
+      case 0:
         request.answer = initialAnswer;
         break;
-      case InputRequest::kQuestion:
+      case 2:
         if (onQuestion) onQuestion();
         request.answer = questionAnswer;
         break;
       default:
+        ASSERT_EQ(request.secondCode, 3u);
         EXPECT_TRUE(request.widget->CreateWidget(nullptr, &eventFilter));
+        framesShown = 0;
+        const auto count = [this] { ++framesShown; };
+        if (auto* const capture = dynamic_cast<CameraWidgetWrapper*>(request.widget)) {
+          QObject::connect(capture, &CameraWidgetWrapper::UpdateFrame, count);
+        } else if (auto* const barcode = dynamic_cast<CameraBarcodeWidgetWrapper*>(request.widget)) {
+          QObject::connect(barcode, &CameraBarcodeWidgetWrapper::UpdateFrame, count);
+        }
     }
   }
 
@@ -90,6 +108,8 @@ class CameraTestFixture : public testing::Test {
   FakeCamera camera{context.told};
   FakeCapturer& capturer = camera.capturer;
   std::function<void()> onQuestion;
-  std::uint32_t initialAnswer = InputRequest::kConfirmed;
-  std::uint32_t questionAnswer = InputRequest::kYes;
+  /// Of the last picture, without the black one with which the dialog opens.
+  int framesShown = 0;
+  std::uint32_t initialAnswer = 1;
+  std::uint32_t questionAnswer = 3;
 };

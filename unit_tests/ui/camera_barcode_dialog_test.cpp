@@ -63,12 +63,13 @@ TEST_F(CameraBarcodeDialogTest, ShowsItsTextsAndTheFirstAttempt) {
 TEST(BarcodeSizesTest, AScreenOnTheBoundaryFallsIntoTheLowerRow) {
   const auto row = [](int width) {
     const BarcodeSizes sizes = barcodeSizesFor(width);
-    return std::vector{sizes.imageWidth, sizes.imageHeight, sizes.grayAreaHeight};
+    return std::vector<int>{sizes.imageWidth, sizes.imageHeight, sizes.grayAreaHeight,
+                            hasSmallViewfinder(sizes.imageWidth)};
   };
-  for (const int width : {0, 640, 800}) EXPECT_THAT(row(width), ElementsAre(480, 340, 40));
-  for (const int width : {801, 1280}) EXPECT_THAT(row(width), ElementsAre(640, 360, 50));
-  for (const int width : {1281, 1600}) EXPECT_THAT(row(width), ElementsAre(720, 480, 60));
-  for (const int width : {1601, 3840}) EXPECT_THAT(row(width), ElementsAre(960, 540, 70));
+  for (const int width : {0, 640, 800}) EXPECT_THAT(row(width), ElementsAre(480, 340, 40, 1));
+  for (const int width : {801, 1280}) EXPECT_THAT(row(width), ElementsAre(640, 360, 50, 1));
+  for (const int width : {1281, 1600}) EXPECT_THAT(row(width), ElementsAre(720, 480, 60, 0));
+  for (const int width : {1601, 3840}) EXPECT_THAT(row(width), ElementsAre(960, 540, 70, 0));
 }
 
 TEST_F(CameraBarcodeDialogTest, KeepsTheAnswerOfTheFailButtonUntilTheUserCloses) {
@@ -107,14 +108,22 @@ TEST(ViewfinderTest, DrawsTheCornersOfASquareAndOfARectangle) {
     drawViewfinder(image, small);
     for (const auto& [isSmall, x, y, endX, endY] : kMarks) {
       for (const QPoint side : {QPoint(1, 1), QPoint(1, -1), QPoint(-1, 1), QPoint(-1, -1)}) {
-        const auto at = [&](int right, int down) {
-          return image.pixelColor(479 + side.x() * right, 269 + side.y() * down);
+        const int cornerX = 479 + side.x() * x, tipX = 479 + side.x() * endX;
+        const int cornerY = 269 + side.y() * y, tipY = 269 + side.y() * endY;
+        const bool drawn = isSmall == small;
+        EXPECT_EQ(image.pixelColor(cornerX, cornerY), drawn ? gray : black);
+        const auto isEdge = [&](int right, int down) {
+          const QColor color = image.pixelColor(right, down);
+          return color != gray && color != black;
         };
-        const QColor drawn = isSmall == small ? gray : black;
-        for (const QColor& line : {at(x, y), at(endX, y), at(x, endY), at(x, y + 1)}) EXPECT_EQ(line, drawn);
-        EXPECT_EQ(at(x, y + 4), black);
-        EXPECT_EQ(at(endX - 4, y), black) << "beyond the round end";
-        EXPECT_EQ(at(x, endY - 4), black);
+        // Lines run between two pixels, and cover two pixels and a half to each side.
+        for (const auto& [offset, within] : {std::pair(-4, false), {-3, drawn}, {2, drawn}, {3, false}}) {
+          EXPECT_EQ(isEdge(cornerX + offset, (cornerY + tipY) / 2), within);
+          EXPECT_EQ(isEdge((cornerX + tipX) / 2, cornerY + offset), within);
+          // The tip looks to the middle.
+          EXPECT_TRUE((offset > 0) == (side.x() > 0) || isEdge(tipX + offset, cornerY) == within);
+          EXPECT_TRUE((offset > 0) == (side.y() > 0) || isEdge(cornerX, tipY + offset) == within);
+        }
       }
     }
   }

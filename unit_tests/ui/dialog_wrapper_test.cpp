@@ -126,6 +126,7 @@ TYPED_TEST(DialogWrapperTest, SendsNothingToADialogWithAResult) {
   dialog->resultTarget->store(2);
   EXPECT_EQ(this->wrapper->GetResult(), TestFixture::kBarcode ? 2 : 0);
 
+  QObject::connect(dialog, &TestFixture::Dialog::closing, [&] { EXPECT_EQ(sent(), 0) << "from the answer on"; });
   dialog->Close();
   EXPECT_EQ(this->wrapper->GetResult(), 5);
   this->wrapper->Close();
@@ -134,6 +135,10 @@ TYPED_TEST(DialogWrapperTest, SendsNothingToADialogWithAResult) {
   this->wrapper->Close();
   EXPECT_EQ(sent(), 0);
   EXPECT_EQ(this->wrapper->GetResult(), 5);
+
+  EXPECT_TRUE(this->wrapper->CreateWidget(nullptr, &hostFilter));
+  EXPECT_EQ(this->wrapper->GetResult(), 0) << "another dialog";
+  EXPECT_EQ(sent(), 1);
 }
 
 TYPED_TEST(DialogWrapperTest, CarriesFramesAndTheCloseFromATestsThread) {
@@ -210,16 +215,20 @@ TEST_F(ShowRetryTest, HappensOnTheUserInterfaceThreadBeforeTheTestGoesOn) {
 
 TEST_F(ShowRetryTest, FollowsWhenTheUserInterfaceThreadIsBusyAndHappensAtOnceOnIt) {
   show({64, 48});
-  const std::unique_ptr<QThread> thread(QThread::create([this] { wrapper->ShowRetry(); }));
-  QElapsedTimer time;
-  time.start();
-  thread->start();
-  EXPECT_TRUE(thread->wait(5000));
-  EXPECT_GE(time.elapsed(), 450);
+  const auto wait = [this] {
+    const std::unique_ptr<QThread> thread(QThread::create([this] { wrapper->ShowRetry(); }));
+    QElapsedTimer time;
+    time.start();
+    thread->start();
+    EXPECT_TRUE(thread->wait(5000));
+    return time.elapsed();
+  };
+  EXPECT_GE(wait(), 450);
   EXPECT_FALSE(warning().isVisible());
   EXPECT_TRUE(QTest::qWaitFor([&] { return warning().isVisible(); }));
 
   delete open();
+  EXPECT_LT(wait(), 450) << "without a dialog";
   show({64, 48});
   wrapper->ShowRetry();
   EXPECT_TRUE(warning().isVisible());

@@ -96,6 +96,8 @@ TYPED_TEST(PictureDialogTest, ArrowsOfAScreenReaderGoRoundAndPassOverWhatTheBarc
   pressKey(*this->dialog, Qt::Key_Up);
   EXPECT_EQ(this->part("fail_text_label") && this->part("fail_text_label")->hasFocus(), this->kBarcode);
   if constexpr (TestFixture::kBarcode) {
+    pressKey(*this->dialog, Qt::Key_Down);
+    EXPECT_EQ(this->focused(), "fail_text_label") << "not round again";
     this->dialog->ShowRetry();
     this->part("warning_container")->hide();
     this->part("camera_image")->setFocus();

@@ -1,4 +1,4 @@
-// The helpers that ask Windows, with nothing put in its place.
+// The helpers that ask Windows, with nothing put in its place but a look at what is asked for.
 
 #include <windows.h>
 
@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include "unit_tests/fakes/substitute_import.h"
 #include "utils/platform/display_scale_table.h"
 #include "utils/platform/folder_path.h"
 #include "utils/platform/monitor_dpi.h"
@@ -17,6 +18,8 @@
 using namespace vexa::utils::platform;
 
 namespace {
+
+int falseRequests = 0;
 
 void setScreenReader(bool on) {
   ASSERT_TRUE(SystemParametersInfoW(SPI_SETSCREENREADER, on ? 1 : 0, nullptr, 0));
@@ -36,6 +39,7 @@ TEST(NarratorTest, IsSeenByItsFlagAndByItsMutex) {
   EXPECT_TRUE(IsNarratorRunning());
   CloseHandle(mutex);
   EXPECT_FALSE(IsNarratorRunning()) << "no handle was kept";
+  EXPECT_EQ(falseRequests, 0);
 }
 
 TEST(MonitorDpiTest, FindsTheRealMonitorOfTheFirstScreen) {
@@ -62,3 +66,8 @@ TEST(FolderPathTest, AKindHasItsBaseItsSubfolderAndItsUser) {
 }
 
 }  // namespace
+
+SUBSTITUTE_IMPORT(HANDLE, OpenMutexW, (DWORD access, BOOL inherit, LPCWSTR name)) {
+  if (access != READ_CONTROL || inherit) ++falseRequests;
+  return SYSTEM_FUNCTION("kernel32", OpenMutexW)(access, inherit, name);
+}
