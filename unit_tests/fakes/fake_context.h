@@ -2,6 +2,7 @@
 
 #include <QImage>
 
+#include <atomic>
 #include <cstdint>
 #include <cstring>
 #include <functional>
@@ -27,7 +28,7 @@ class FakeContext : public TestExecutionContext, public MessageList, public Prog
   MessageList* getMessageList() override { return called(withMessageList ? this : nullptr); }
   ProgressReporter* getProgressReporter() override { return called(withReporter ? this : nullptr); }
   EventSource* getEventSource() override { return called(withEventSource ? this : nullptr); }
-  bool isCancelled() override { return called(cancelled); }
+  bool isCancelled() override { return called(cancelled.load()); }
 
   void add(std::string key, std::uint64_t first, std::uint64_t second) override {
     EXPECT_TRUE(first == 0 && second == 0);
@@ -49,7 +50,8 @@ class FakeContext : public TestExecutionContext, public MessageList, public Prog
   bool withReporter = true;
   bool withEventSource = true;
   bool ready = true;
-  bool cancelled = false;
+  /// May be set on any thread.
+  std::atomic<bool> cancelled = false;
   std::uint32_t event = 0;
   /// Called by every operation of the host, twice while it shows a request.
   std::function<void()> onCall;

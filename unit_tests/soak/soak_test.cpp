@@ -1,10 +1,5 @@
 // What is done a thousand times over leaves the process as it was: frames, captures, dialogs.
 
-#include <windows.h>
-#include <psapi.h>
-#include <tlhelp32.h>
-
-#include <algorithm>
 #include <cstdio>
 #include <functional>
 #include <memory>
@@ -16,42 +11,12 @@
 #include "ui/camera_widget_wrapper.h"
 #include "unit_tests/capture/fake_reader.h"
 #include "unit_tests/fakes/fake_host_services.h"
+#include "unit_tests/fakes/process_figures.h"
 #include "unit_tests/ui/dialog_helpers.h"
 
 namespace {
 
-/// What a process holds.
-struct Figures {
-  long long privateKilobytes = 0;
-  long long handles = 0;
-  long long gdiObjects = 0;
-  long long userObjects = 0;
-  long long threads = 0;
-};
-
-long long countThreads() {
-  const HANDLE all = CreateToolhelp32Snapshot(TH32CS_SNAPTHREAD, 0);
-  THREADENTRY32 thread{};
-  thread.dwSize = sizeof thread;
-  long long count = 0;
-  for (BOOL more = Thread32First(all, &thread); more; more = Thread32Next(all, &thread)) {
-    count += thread.th32OwnerProcessID == GetCurrentProcessId();
-  }
-  CloseHandle(all);
-  return count;
-}
-
-Figures figuresNow() {
-  const HANDLE process = GetCurrentProcess();
-  PROCESS_MEMORY_COUNTERS_EX memory{};
-  GetProcessMemoryInfo(process, reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&memory), sizeof memory);
-  DWORD handles = 0;
-  GetProcessHandleCount(process, &handles);
-  return {static_cast<long long>(memory.PrivateUsage / 1024), handles, GetGuiResources(process, GR_GDIOBJECTS),
-          GetGuiResources(process, GR_USEROBJECTS), countThreads()};
-}
-
-void print(const char* when, const Figures& figures) {
+void print(const char* when, const ProcessFigures& figures) {
   std::printf("soak, %s: %lld KB private, %lld handles, %lld GDI and %lld USER objects, %lld threads\n", when,
               figures.privateKilobytes, figures.handles, figures.gdiObjects, figures.userObjects, figures.threads);
 }
@@ -59,9 +24,9 @@ void print(const char* when, const Figures& figures) {
 /// Does something `rounds` times after a tenth of that as a warm-up, which nothing may grow after.
 void soak(int rounds, const std::function<void()>& round) {
   for (int i = 0; i < rounds / 10; ++i) round();
-  const Figures before = figuresNow();
+  const ProcessFigures before = processFigures();
   for (int i = 0; i < rounds; ++i) round();
-  const Figures after = figuresNow();
+  const ProcessFigures after = processFigures();
   print("warm", before);
   print("end ", after);
   EXPECT_LE(after.privateKilobytes, before.privateKilobytes + 1024);
