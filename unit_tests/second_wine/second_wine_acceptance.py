@@ -1,0 +1,74 @@
+"""What only the second Wine can do: a screen reader's view of the dialogs, and cameras whose pictures are not RGB32."""
+
+import os
+import subprocess
+import tempfile
+import unittest
+
+import desktop
+from host_run import WINE_RUN, HostRun, camera
+from png_pixels import Picture
+
+BUILD = os.environ["MODULE_CAMERA_BUILD"]
+CAPTURE = """
+"""
+BARCODE = """
+"""
+
+
+class AutomationAcceptance(unittest.TestCase):
+    maxDiff = None
+
+    def read(self, test, *answers):
+        """What a screen reader is told of the dialog that comes up after these answers."""
+        with tempfile.TemporaryFile() as output:
+            reader = subprocess.Popen([WINE_RUN, os.path.join(BUILD, "unit_tests", "ui_automation_client.exe")],
+                                      stdin=subprocess.PIPE, stdout=output, stderr=subprocess.DEVNULL)
+
+            def read(_):
+                reader.communicate(b"\n", timeout=60)
+                desktop.press("Escape")
+
+            desktop.answer(lambda: HostRun([camera()], "-Mcamera", f"Q{test}", "0", "--ui", "--answer", "ask",
+                                           "--timeout", "60"), *answers, read, *((desktop.keys("alt+y"),) if answers else ()))
+            output.seek(0)
+            return output.read().decode().replace("\r", "")
+
+    def check(self, name, expected, *answers):
+        told = self.read(name[0], *answers)
+        with open(os.path.join(BUILD, f"ui-automation-{name}.txt"), "w", encoding="utf-8") as file:
+            file.write(told)
+        print(told, flush=True)
+        lines = []
+        window = None
+        for line in told.splitlines():
+            if line.startswith("Tab:"):
+                lines.append(line)
+                continue
+            text, *place = line.rsplit(" ", 4)
+            lines.append(text)
+            left, top, width, height = map(float, place)
+            window = window or (width, height)
+            self.assertTrue(0 <= left < left + width <= window[0] and 0 <= top < top + height <= window[1], line)
+        self.assertEqual("\n".join(lines), expected.strip())
+
+    def test_capture_dialog(self):
+        self.check("capture", CAPTURE, desktop.keys("Return"))
+
+    def test_barcode_dialog(self):
+        self.check("barcode", BARCODE)
+
+
+class FormatAcceptance(unittest.TestCase):
+    def test_colours_and_rows_are_right(self):
+        for form in ("yuy2", "nv12"):
+            with self.subTest(form):
+                run = HostRun([camera(format=form)], "-Mcamera", "Qc", "0", "--ui", "--answer", "pass", "--timeout", "3")
+                report, = run.reports
+                self.assertEqual((report["result"], report["messages"]), (0, []), run.error)
+                picture = Picture(run.picture("dialog-end"))
+                self.assertIsNotNone(picture.find_corners(640, 480, ((255, 0, 0), (0, 255, 0), (0, 0, 255), (255, 255, 0)), 12))
+
+
+if __name__ == "__main__":
+    unittest.main()
