@@ -11,8 +11,45 @@ from png_pixels import Picture
 
 BUILD = os.environ["MODULE_CAMERA_BUILD"]
 CAPTURE = """
+Window "Camera Diagnostics"
+  Group ""
+    Group ""
+      Text ""
+      Text "Camera Capture Test"
+      Button "Close the window"
+    Group ""
+      Image "Camera"
+Tab: Button "Close the window"
+Tab: Image "Camera"
+Tab: Text "Camera Capture Test"
+Tab: Button "Close the window"
 """
 BARCODE = """
+Window "Camera Diagnostics"
+  Group ""
+    Group ""
+      Text ""
+      Text "Camera Barcode Test"
+      Button "Close the window"
+    Group ""
+      Group ""
+        Group ""
+          Text "Hold a barcode in front of the camera, inside the marks."
+        Group ""
+          Text ""
+          Text ""
+      Image "Camera"
+      Group ""
+    Group ""
+      Text "Press Fail if the camera does not read the barcode."
+      Button "Fail"
+Tab: Button "Close the window"
+Tab: Text "Hold a barcode in front of the camera, inside the marks."
+Tab: Image "Camera"
+Tab: Text "Press Fail if the camera does not read the barcode."
+Tab: Button "Fail"
+Tab: Text "Camera Barcode Test"
+Tab: Button "Close the window"
 """
 
 
@@ -38,7 +75,7 @@ class AutomationAcceptance(unittest.TestCase):
         told = self.read(name[0], *answers)
         with open(os.path.join(BUILD, f"ui-automation-{name}.txt"), "w", encoding="utf-8") as file:
             file.write(told)
-        print(told, flush=True)
+        print(f"{name}:\n{told}", flush=True)
         lines = []
         window = None
         for line in told.splitlines():

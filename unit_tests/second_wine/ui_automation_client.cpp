@@ -71,9 +71,10 @@ void print(IUIAutomationTreeWalker* walker, IUIAutomationElement* element, const
 /// Lives as long as the program.
 class FocusListener : public IUIAutomationFocusChangedEventHandler {
  public:
-  STDMETHODIMP QueryInterface(REFIID, void** object) override {
-    *object = this;
-    return S_OK;
+  STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
+    const bool isKnown = iid == __uuidof(IUnknown) || iid == __uuidof(IUIAutomationFocusChangedEventHandler);
+    *object = isKnown ? this : nullptr;
+    return isKnown ? S_OK : E_NOINTERFACE;
   }
   STDMETHODIMP_(ULONG) AddRef() override { return 1; }
   STDMETHODIMP_(ULONG) Release() override { return 1; }
