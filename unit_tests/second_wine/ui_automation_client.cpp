@@ -1,63 +1,45 @@
-// A screen reader as Windows sees one: says that it is there by Narrator's mutex, and reads the window that has the focus,
-// another program's, through UI Automation once a line comes in. Prints an element a line, indented below its parent: control
-// type, name and place in the window; then where the focus goes as Tab is pressed, until it comes back.
+// A screen reader: says that it is there by Narrator's mutex and, once a line comes in, reads the window that has the
+// focus, another program's, through UI Automation. Prints an element a line, indented below its parent: control type,
+// name and place in the window; then where the focus goes as Tab is pressed, until it comes back.
 
 #include <windows.h>
 #include <uiautomation.h>
 #include <wrl/client.h>
 
-#include <atomic>
 #include <cstdio>
-#include <mutex>
 #include <string>
-#include <vector>
 
 using Microsoft::WRL::ComPtr;
 
 namespace {
 
-constexpr int kPatienceMs = 3000;
-constexpr std::size_t kMostSteps = 20;
-
-std::string controlType(int type) {
-  static constexpr std::pair<int, const char*> kNames[] = {
-      {UIA_ButtonControlTypeId, "Button"}, {UIA_GroupControlTypeId, "Group"},   {UIA_ImageControlTypeId, "Image"},
-      {UIA_PaneControlTypeId, "Pane"},     {UIA_TextControlTypeId, "Text"},     {UIA_WindowControlTypeId, "Window"},
-      {UIA_CustomControlTypeId, "Custom"}, {UIA_TitleBarControlTypeId, "Title"}};
-  for (const auto& [known, name] : kNames) {
-    if (known == type) return name;
-  }
-  return std::to_string(type);
-}
+constexpr DWORD kPatienceMs = 3000;
+constexpr int kMostSteps = 20;
 
 /// Control type and name.
 std::string toldOf(IUIAutomationElement* element) {
-  VARIANT type{};
-  VARIANT name{};
-  element->GetCurrentPropertyValueEx(UIA_ControlTypePropertyId, TRUE, &type);
-  element->GetCurrentPropertyValueEx(UIA_NamePropertyId, TRUE, &name);
+  CONTROLTYPEID type = 0;
+  BSTR name = nullptr;
+  element->get_CurrentControlType(&type);
+  element->get_CurrentName(&name);
   char text[512] = "";
-  if (name.vt == VT_BSTR) WideCharToMultiByte(CP_UTF8, 0, name.bstrVal, -1, text, sizeof(text), nullptr, nullptr);
-  VariantClear(&name);
-  return controlType(type.vt == VT_I4 ? type.lVal : 0) + " \"" + text + '"';
+  if (name) WideCharToMultiByte(CP_UTF8, 0, name, -1, text, sizeof(text), nullptr, nullptr);
+  SysFreeString(name);
+  for (const auto& [known, word] : {std::pair(UIA_ButtonControlTypeId, "Button"),
+                                    {UIA_GroupControlTypeId, "Group"},
+                                    {UIA_ImageControlTypeId, "Image"},
+                                    {UIA_TextControlTypeId, "Text"},
+                                    {UIA_WindowControlTypeId, "Window"}}) {
+    if (known == type) return std::string(word) + " \"" + text + '"';
+  }
+  return std::to_string(type) + " \"" + text + '"';
 }
 
-/// Left, top, width and height.
-std::vector<double> placeOf(IUIAutomationElement* element) {
-  std::vector<double> place(4, -1);
-  VARIANT value{};
-  element->GetCurrentPropertyValueEx(UIA_BoundingRectanglePropertyId, TRUE, &value);
-  for (LONG i = 0; value.vt == (VT_R8 | VT_ARRAY) && i < 4; ++i)
-    SafeArrayGetElement(value.parray, &i, &place[static_cast<std::size_t>(i)]);
-  VariantClear(&value);
-  return place;
-}
-
-void print(IUIAutomationTreeWalker* walker, IUIAutomationElement* element, const std::vector<double>& window,
-           int depth) {
-  const auto place = placeOf(element);
-  std::printf("%*s%s %g %g %g %g\n", 2 * depth, "", toldOf(element).c_str(), place[0] - window[0],
-              place[1] - window[1], place[2], place[3]);
+void print(IUIAutomationTreeWalker* walker, IUIAutomationElement* element, const RECT& window, int depth) {
+  RECT place{};
+  element->get_CurrentBoundingRectangle(&place);
+  std::printf("%*s%s %ld %ld %ld %ld\n", 2 * depth, "", toldOf(element).c_str(), place.left - window.left,
+              place.top - window.top, place.right - place.left, place.bottom - place.top);
   ComPtr<IUIAutomationElement> child;
   walker->GetFirstChildElement(element, &child);
   while (child) {
@@ -79,35 +61,21 @@ class FocusListener : public IUIAutomationFocusChangedEventHandler {
   STDMETHODIMP_(ULONG) AddRef() override { return 1; }
   STDMETHODIMP_(ULONG) Release() override { return 1; }
   STDMETHODIMP HandleFocusChangedEvent(IUIAutomationElement* sender) override {
-    const std::lock_guard lock(mutex);
-    places.push_back(toldOf(sender));
+    place = toldOf(sender);
+    SetEvent(isTold);
     return S_OK;
   }
-  /// What the next event tells of; empty when none comes.
-  std::string next() {
-    for (int waited = 0; waited < kPatienceMs; waited += 10) {
-      Sleep(10);
-      const std::lock_guard lock(mutex);
-      if (seen < places.size()) return places[seen++];
-    }
-    return {};
+
+  /// Where the focus is after Tab; empty when nothing is told.
+  std::string pressTab() {
+    for (const DWORD flags : {DWORD{0}, DWORD{KEYEVENTF_KEYUP}}) keybd_event(VK_TAB, 0, flags, 0);
+    return WaitForSingleObject(isTold, kPatienceMs) == WAIT_OBJECT_0 ? place : std::string();
   }
 
  private:
-  std::mutex mutex;
-  std::vector<std::string> places;
-  std::size_t seen = 0;
+  const HANDLE isTold = CreateEventW(nullptr, FALSE, FALSE, nullptr);
+  std::string place;
 };
-
-void pressTab() {
-  INPUT keys[2]{};
-  for (INPUT& key : keys) {
-    key.type = INPUT_KEYBOARD;
-    key.ki.wVk = VK_TAB;
-  }
-  keys[1].ki.dwFlags = KEYEVENTF_KEYUP;
-  SendInput(2, keys, sizeof(INPUT));
-}
 
 }  // namespace
 
@@ -119,26 +87,25 @@ int main() {
   ComPtr<IUIAutomationElement> window;
   ComPtr<IUIAutomationCondition> everything;
   ComPtr<IUIAutomationTreeWalker> walker;
+  static FocusListener listener;
+  RECT frame{};
   if (FAILED(CoCreateInstance(__uuidof(CUIAutomation), nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&automation))) ||
       FAILED(automation->ElementFromHandle(GetForegroundWindow(), &window)) ||
       FAILED(automation->CreateTrueCondition(&everything)) ||
-      FAILED(automation->CreateTreeWalker(everything.Get(), &walker))) {
+      FAILED(automation->CreateTreeWalker(everything.Get(), &walker)) ||
+      FAILED(automation->AddFocusChangedEventHandler(nullptr, &listener)) ||
+      FAILED(window->get_CurrentBoundingRectangle(&frame))) {
     std::puts("the window cannot be read");
     return 1;
   }
-  print(walker.Get(), window.Get(), placeOf(window.Get()), 0);
-
-  static FocusListener listener;
-  automation->AddFocusChangedEventHandler(nullptr, &listener);
+  print(walker.Get(), window.Get(), frame, 0);
   std::string first;
-  for (std::size_t step = 0; step < kMostSteps; ++step) {
-    pressTab();
-    const std::string place = listener.next();
+  for (int step = 0; step < kMostSteps; ++step) {
+    const std::string place = listener.pressTab();
     std::printf("Tab: %s\n", place.c_str());
-    if (place == first || place.empty()) break;
+    if (place == first) break;
     if (step == 0) first = place;
   }
-  std::fflush(stdout);
   automation->RemoveFocusChangedEventHandler(&listener);
   return 0;
 }
