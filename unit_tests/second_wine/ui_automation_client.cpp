@@ -16,7 +16,7 @@ namespace {
 constexpr DWORD kPatienceMs = 3000;
 constexpr int kMostSteps = 20;
 
-/// Control type and name.
+/// Control type, as a number, and name.
 std::string toldOf(IUIAutomationElement* element) {
   CONTROLTYPEID type = 0;
   BSTR name = nullptr;
@@ -25,13 +25,6 @@ std::string toldOf(IUIAutomationElement* element) {
   char text[512] = "";
   if (name) WideCharToMultiByte(CP_UTF8, 0, name, -1, text, sizeof(text), nullptr, nullptr);
   SysFreeString(name);
-  for (const auto& [known, word] : {std::pair(UIA_ButtonControlTypeId, "Button"),
-                                    {UIA_GroupControlTypeId, "Group"},
-                                    {UIA_ImageControlTypeId, "Image"},
-                                    {UIA_TextControlTypeId, "Text"},
-                                    {UIA_WindowControlTypeId, "Window"}}) {
-    if (known == type) return std::string(word) + " \"" + text + '"';
-  }
   return std::to_string(type) + " \"" + text + '"';
 }
 
@@ -88,16 +81,16 @@ int main() {
   ComPtr<IUIAutomationCondition> everything;
   ComPtr<IUIAutomationTreeWalker> walker;
   static FocusListener listener;
-  RECT frame{};
-  if (FAILED(CoCreateInstance(__uuidof(CUIAutomation), nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&automation))) ||
-      FAILED(automation->ElementFromHandle(GetForegroundWindow(), &window)) ||
+  CoCreateInstance(__uuidof(CUIAutomation), nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&automation));
+  if (!automation || FAILED(automation->ElementFromHandle(GetForegroundWindow(), &window)) ||
       FAILED(automation->CreateTrueCondition(&everything)) ||
       FAILED(automation->CreateTreeWalker(everything.Get(), &walker)) ||
-      FAILED(automation->AddFocusChangedEventHandler(nullptr, &listener)) ||
-      FAILED(window->get_CurrentBoundingRectangle(&frame))) {
+      FAILED(automation->AddFocusChangedEventHandler(nullptr, &listener))) {
     std::puts("the window cannot be read");
     return 1;
   }
+  RECT frame{};
+  window->get_CurrentBoundingRectangle(&frame);
   print(walker.Get(), window.Get(), frame, 0);
   std::string first;
   for (int step = 0; step < kMostSteps; ++step) {
