@@ -68,7 +68,8 @@ HRESULT makeFrameBuffer(const QImage& image, const FrameForm& form, IMFMediaBuff
   const bool isRgb32 = form.format == PixelFormat::kRgb32;
   const auto pixels = static_cast<std::size_t>(form.share * image.width() * image.height());
   const QByteArray yuv = isRgb32 ? QByteArray() : yuvFrame(image, form.format);
-  const auto size = static_cast<DWORD>(isRgb32 ? pixels * kBytesPerPixel : form.share * yuv.size());
+  const auto size = isRgb32 ? static_cast<DWORD>(pixels * kBytesPerPixel)
+                            : static_cast<DWORD>(form.share * static_cast<double>(yuv.size()));
   ComPtr<IMFMediaBuffer> made;
   HRESULT status = MFCreateMemoryBuffer(size, &made);
   if (FAILED(status)) return status;
