@@ -89,8 +89,24 @@ qt_prefix() {
     "$project/cmake/qt_svg/CMakeLists.txt" "$project/cmake/qt_svg/qt6.sed"
 }
 
+# count_tests LOG: how many tests CTest had by this log, how many of them failed and how many it skipped.
+count_tests() {
+  awk '/tests passed, .* tests failed out of/ { bad += $4; all += $NF } /\*\*\*Skipped/ { out++ }
+    END { print all + 0, bad + 0, out + 0 }' "$1"
+}
+
+# The folder of Wine's programs. Below tools/with_second_wine it is another Wine's, beside which its prefix lies.
+# shellcheck disable=SC2034 # For the scripts.
+wine=${MODULE_CAMERA_WINE:-/usr/lib/wine}
+second_wine() { cached second_wine 10 "$project/tools/fetch_second_wine"; }
 # The Wine prefix that each run takes a copy of.
-wine_prefix() { cached wine "$(installed_version wine64)" "$project/tools/make_wine_prefix"; }
+wine_prefix() {
+  if [ -n "${MODULE_CAMERA_WINE:-}" ]; then
+    printf '%s/prefix-%s' "$(second_wine)" "$(recipe "$project/tools/make_wine_prefix")"
+  else
+    cached wine "$(installed_version wine64)" "$project/tools/make_wine_prefix"
+  fi
+}
 
 # The source of the barcode decoder, unpacked and edited.
 qzxing_version=3.3.0+dfsg-3

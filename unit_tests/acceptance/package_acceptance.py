@@ -14,7 +14,8 @@ import zipfile
 from host_run import PROJECT, camera, wine_path
 
 BUILD = os.environ.get("MODULE_CAMERA_BUILD", os.path.join(PROJECT, "build", "windows"))
-WINE, SERVER = "/usr/lib/wine/wine64", "/usr/lib/wine/wineserver64"
+WINE, SERVER = (os.path.join(os.environ.get("MODULE_CAMERA_WINE", "/usr/lib/wine"), name)
+                for name in ("wine64", "wineserver64"))
 # What Wine has under a name, Windows has, too; and both have the names of Windows 10's sets of functions.
 WINDOWS = "/usr/lib/x86_64-linux-gnu/wine/x86_64-windows"
 COMPILER, OBJDUMP = "x86_64-w64-mingw32-g++-posix", "x86_64-w64-mingw32-objdump"

@@ -49,14 +49,13 @@ class Picture:
         start = x * self.channels
         return tuple(self.rows[y][start:start + 3])
 
-    def find_corners(self, width, height, corners):
+    def find_corners(self, width, height, corners, tolerance=0):
         """The place of a width x height picture whose corner pixels (top left, top right, bottom left, bottom right) have
-        these colours, or None."""
-        top_left, top_right, bottom_left, bottom_right = corners
+        these colours, each red, green and blue within the tolerance, or None."""
         for y in range(self.height - height + 1):
             for x in range(self.width - width + 1):
-                if (self.pixel(x, y) == top_left and self.pixel(x + width - 1, y) == top_right
-                        and self.pixel(x, y + height - 1) == bottom_left
-                        and self.pixel(x + width - 1, y + height - 1) == bottom_right):
+                places = ((x, y), (x + width - 1, y), (x, y + height - 1), (x + width - 1, y + height - 1))
+                if all(abs(is_there - wanted) <= tolerance for place, corner in zip(places, corners)
+                       for is_there, wanted in zip(self.pixel(*place), corner)):
                     return x, y
         return None

@@ -95,9 +95,11 @@ TEST(CameraFile, EveryMistakeIsRefusedWithOneSentence) {
       {oneCamera(R"(,"width":99.5)"), "cameras[0].width is the number 99.5, but must be a whole number"},
       {oneCamera(R"(,"width":"640")"), "cameras[0].width is the text \"640\", but must be a number"},
       {oneCamera(R"(,"framesPerSecond":0)"), "cameras[0].framesPerSecond is 0; allowed is 1 to 240"},
+      {oneCamera(R"(,"format":"nv12","stride":"negative")"),
+       "cameras[0].stride is \"negative\", which only rgb32 can be"},
       {oneCamera(R"(,"widht":1)"),
        "cameras[0] has the unknown key \"widht\"; allowed are name, manufacturer, description, connection, "
-       "hardwareId, driverVersion, setupClass, width, height, framesPerSecond, stride, picture, faults"},
+       "hardwareId, driverVersion, setupClass, width, height, framesPerSecond, format, stride, picture, faults"},
       {oneCamera(R"(,"picture":"test-pattern")"),
        "cameras[0].picture is the text \"test-pattern\", but must be an object"},
       {oneCamera(R"(,"picture":{"kind":"test-pattern","file":"a"})"),

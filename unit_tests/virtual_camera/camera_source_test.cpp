@@ -30,10 +30,17 @@ using namespace std::chrono_literals;
 constexpr DWORD kFrameBytes = 64 * 64 * 4;
 
 TEST_F(VirtualCamera, AnswersEachRequestWithAFrameAndItsToken) {
-  constexpr DWORD kColours = 0x00FFFFFF;
-  for (const auto& [stride, first] : {std::pair<const char*, QRgb>{"positive", TestPattern::kCorners.topLeft},
-                                      {"negative", TestPattern::kCorners.bottomLeft}}) {
-    plant(QByteArray(R"(,"stride":")") + stride + '"');
+  struct Case {
+    const char* form;
+    DWORD first;  // the first four bytes: red, or blue from the other end
+    DWORD bytes = kFrameBytes;
+  };
+  for (const auto& [form, first, bytes] : {Case{R"("stride":"positive")", 0x00FF0000},
+                                           {R"("stride":"negative")", 0x000000FF},
+                                           // 82 bright, 90 and 240 its colour differences.
+                                           {R"("format":"yuy2")", 0xF0525A52, kFrameBytes / 2},
+                                           {R"("format":"nv12")", 0x52525252, kFrameBytes * 3 / 8}}) {
+    plant(QByteArray(",") + form);
     ASSERT_EQ(open(), S_OK);
     ComPtr<IUnknown> token;
     ASSERT_EQ(source.As(&token), S_OK);
@@ -44,8 +51,8 @@ TEST_F(VirtualCamera, AnswersEachRequestWithAFrameAndItsToken) {
         const ComPtr<IMFSample> sample = requestSample(token.Get());
         ASSERT_TRUE(sample);
         const auto pixels = pixelsOf(sample.Get());
-        ASSERT_TRUE(pixels && pixels->size() * sizeof(DWORD) == kFrameBytes);
-        EXPECT_EQ(pixels->front(), first & kColours);
+        ASSERT_TRUE(pixels && pixels->size() * sizeof(DWORD) == bytes);
+        EXPECT_EQ(pixels->front(), first);
         ComPtr<IUnknown> returned;
         EXPECT_EQ(sample->GetUnknown(MFSampleExtension_Token, IID_PPV_ARGS(&returned)), S_OK);
         EXPECT_EQ(returned, token);

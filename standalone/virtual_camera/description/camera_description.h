@@ -18,6 +18,10 @@ enum class SetupClass { kCamera, kImage, kMedia };
 /// nothing at all, in which case they run from top to bottom.
 enum class Stride { kPositive, kNegative, kAbsent };
 
+/// How a frame's pixels are stored: four bytes each, or by brightness and colour difference, as most cameras deliver
+/// them: YUY2 keeps the colour of each pair of pixels and NV12 that of each 2x2.
+enum class PixelFormat { kRgb32, kYuy2, kNv12 };
+
 struct TestPatternPicture {
   bool operator==(const TestPatternPicture&) const = default;
 };
@@ -119,7 +123,8 @@ struct CameraDescription {
   SetupClass setupClass = SetupClass::kCamera;
   QSize size;
   double framesPerSecond = 30;
-  Stride stride = Stride::kPositive;
+  PixelFormat format = PixelFormat::kRgb32;
+  Stride stride = Stride::kPositive;  ///< negative for RGB32 only
   PictureDescription picture;
   std::vector<Fault> faults;  ///< in order of time
 

@@ -21,6 +21,9 @@ constexpr std::array kConnectionWords{Word<Connection>{"usb", Connection::kUsb},
 constexpr std::array kSetupClassWords{Word<SetupClass>{"camera", SetupClass::kCamera},
                                       Word<SetupClass>{"image", SetupClass::kImage},
                                       Word<SetupClass>{"media", SetupClass::kMedia}};
+constexpr std::array kFormatWords{Word<PixelFormat>{"rgb32", PixelFormat::kRgb32},
+                                  Word<PixelFormat>{"yuy2", PixelFormat::kYuy2},
+                                  Word<PixelFormat>{"nv12", PixelFormat::kNv12}};
 constexpr std::array kStrideWords{Word<Stride>{"positive", Stride::kPositive},
                                   Word<Stride>{"negative", Stride::kNegative}, Word<Stride>{"absent", Stride::kAbsent}};
 
@@ -29,7 +32,7 @@ constexpr qsizetype kMostCameras = 1000;
 
 CameraDescription readCamera(const JsonObjectReader& reader, const PictureFiles& files) {
   reader.allowOnly({"name", "manufacturer", "description", "connection", "hardwareId", "driverVersion", "setupClass",
-                    "width", "height", "framesPerSecond", "stride", "picture", "faults"});
+                    "width", "height", "framesPerSecond", "format", "stride", "picture", "faults"});
   CameraDescription camera;
   camera.name = reader.text("name");
   if (camera.name.trimmed().isEmpty()) throw JsonContentError(reader.pathOf("name") + QStringLiteral(" is blank"));
@@ -41,7 +44,11 @@ CameraDescription readCamera(const JsonObjectReader& reader, const PictureFiles&
   camera.setupClass = reader.word("setupClass", wordsOf(kSetupClassWords), std::optional(SetupClass::kCamera));
   camera.size = readFrameSize(reader);
   camera.framesPerSecond = reader.number("framesPerSecond", kRateRange, 30.0);
+  camera.format = reader.word("format", wordsOf(kFormatWords), std::optional(PixelFormat::kRgb32));
   camera.stride = reader.word("stride", wordsOf(kStrideWords), std::optional(Stride::kPositive));
+  if (camera.stride == Stride::kNegative && camera.format != PixelFormat::kRgb32) {
+    throw JsonContentError(reader.pathOf("stride") + QStringLiteral(" is \"negative\", which only rgb32 can be"));
+  }
   if (reader.has("picture")) camera.picture = readPicture(reader.child("picture"), files);
   camera.faults = readFaults(reader);
   return camera;

@@ -196,8 +196,9 @@ void CameraSource::deliverFrame(quint64 number, double seconds, const StreamStat
   const bool locksAtOnce = state.unlockables == unlockablesSent;
   if (!locksAtOnce) ++unlockablesSent;
   ComPtr<IMFSample> sample;
-  if (FAILED(makeFrameSample(drawFrame(number, seconds, state), {camera.stride, state.share, locksAtOnce},
-                             mediaTime(seconds), mediaTime(1 / camera.framesPerSecond), &sample))) {
+  if (FAILED(makeFrameSample(drawFrame(number, seconds, state),
+                             {camera.format, camera.stride, state.share, locksAtOnce}, mediaTime(seconds),
+                             mediaTime(1 / camera.framesPerSecond), &sample))) {
     return;
   }
   if (isNewSize) sample->SetUINT32(sample_marks::kMediaTypeChanged, 1);

@@ -9,6 +9,7 @@
 #include <span>
 
 #include "standalone/virtual_camera/media_source/unlockable_buffer.h"
+#include "standalone/virtual_camera/pictures/yuv_frame.h"
 
 using Microsoft::WRL::ComPtr;
 
@@ -42,16 +43,44 @@ void copyRows(const QImage& image, Stride stride, std::span<QRgb> destination) {
   }
 }
 
+struct Layout {
+  GUID subtype;
+  UINT32 stride;
+  UINT32 bytes;
+};
+
+Layout layoutOf(PixelFormat format, QSize size) {
+  const auto width = static_cast<UINT32>(yuvRow(size.width()));
+  const auto height = static_cast<UINT32>(size.height());
+  switch (format) {
+    case PixelFormat::kYuy2:
+      return {MFVideoFormat_YUY2, 2 * width, 2 * width * height};
+    case PixelFormat::kNv12:
+      return {MFVideoFormat_NV12, width, width * (height + (height + 1) / 2)};
+    case PixelFormat::kRgb32:
+      break;
+  }
+  const UINT32 stride = static_cast<UINT32>(size.width()) * kBytesPerPixel;
+  return {MFVideoFormat_RGB32, stride, stride * height};
+}
+
 HRESULT makeFrameBuffer(const QImage& image, const FrameForm& form, IMFMediaBuffer** buffer) {
+  const bool isRgb32 = form.format == PixelFormat::kRgb32;
   const auto pixels = static_cast<std::size_t>(form.share * image.width() * image.height());
-  const auto size = static_cast<DWORD>(pixels * kBytesPerPixel);
+  const QByteArray yuv = isRgb32 ? QByteArray() : yuvFrame(image, form.format);
+  const auto size = isRgb32 ? static_cast<DWORD>(pixels * kBytesPerPixel)
+                            : static_cast<DWORD>(form.share * static_cast<double>(yuv.size()));
   ComPtr<IMFMediaBuffer> made;
   HRESULT status = MFCreateMemoryBuffer(size, &made);
   if (FAILED(status)) return status;
   BYTE* bytes = nullptr;
   status = made->Lock(&bytes, nullptr, nullptr);
   if (FAILED(status)) return status;
-  copyRows(image, form.stride, {reinterpret_cast<QRgb*>(bytes), pixels});
+  if (isRgb32) {
+    copyRows(image, form.stride, {reinterpret_cast<QRgb*>(bytes), pixels});
+  } else {
+    std::copy_n(yuv.begin(), size, bytes);
+  }
   made->Unlock();
   made->SetCurrentLength(size);
   *buffer = form.locksAtOnce ? made.Detach() : ComPtr<IMFMediaBuffer>(new UnlockableBuffer(made.Get())).Detach();
@@ -61,25 +90,23 @@ HRESULT makeFrameBuffer(const QImage& image, const FrameForm& form, IMFMediaBuff
 }  // namespace
 
 HRESULT makeMediaType(const CameraDescription& camera, QSize size, IMFMediaType** type) {
-  const auto width = static_cast<UINT32>(size.width());
-  const auto height = static_cast<UINT32>(size.height());
-  const bool isRgb32 = !camera.fault(FaultKind::kNotRgb32);
+  const Layout layout = layoutOf(camera.format, size);
 
   ComPtr<IMFMediaType> made;
   HRESULT status = MFCreateMediaType(&made);
   if (FAILED(status)) return status;
   made->SetGUID(MF_MT_MAJOR_TYPE, MFMediaType_Video);
-  made->SetGUID(MF_MT_SUBTYPE, isRgb32 ? MFVideoFormat_RGB32 : kUnknownFormat);
-  made->SetUINT64(MF_MT_FRAME_SIZE, pairOf(width, height));
+  made->SetGUID(MF_MT_SUBTYPE, camera.fault(FaultKind::kNotRgb32) ? kUnknownFormat : layout.subtype);
+  made->SetUINT64(MF_MT_FRAME_SIZE, pairOf(static_cast<UINT32>(size.width()), static_cast<UINT32>(size.height())));
   made->SetUINT64(MF_MT_FRAME_RATE, rateOf(camera.framesPerSecond));
   made->SetUINT64(MF_MT_PIXEL_ASPECT_RATIO, pairOf(1, 1));
   made->SetUINT32(MF_MT_INTERLACE_MODE, MFVideoInterlace_Progressive);
   made->SetUINT32(MF_MT_ALL_SAMPLES_INDEPENDENT, TRUE);
   made->SetUINT32(MF_MT_FIXED_SIZE_SAMPLES, TRUE);
-  made->SetUINT32(MF_MT_SAMPLE_SIZE, width * height * kBytesPerPixel);
+  made->SetUINT32(MF_MT_SAMPLE_SIZE, layout.bytes);
+  if (camera.format != PixelFormat::kRgb32) made->SetUINT32(MF_MT_YUV_MATRIX, MFVideoTransferMatrix_BT601);
   if (camera.stride != Stride::kAbsent) {
-    const UINT32 stride = width * kBytesPerPixel;
-    made->SetUINT32(MF_MT_DEFAULT_STRIDE, camera.stride == Stride::kNegative ? 0U - stride : stride);
+    made->SetUINT32(MF_MT_DEFAULT_STRIDE, camera.stride == Stride::kNegative ? 0U - layout.stride : layout.stride);
   }
   *type = made.Detach();
   return S_OK;
