@@ -26,38 +26,28 @@ HRESULT answer(const char* call) {
   return fails(call) ? E_FAIL : S_OK;
 }
 
-/// Whatever the capturer writes into it may fail.
+/// An operation of an attribute store that may fail.
+#define MAY_FAIL(operation, name, parameters, ...)               \
+  STDMETHODIMP operation parameters override {                   \
+    return fails(name) ? E_FAIL : Store::operation(__VA_ARGS__); \
+  }
+
+/// What the capturer writes may fail.
 template <class Interface>
-class FakeAttributes : public FakeComObject<AttributeStore<Interface>, Interface> {
- public:
+struct FakeAttributes : public FakeComObject<AttributeStore<Interface>, Interface> {
   using Store = AttributeStore<Interface>;
-  STDMETHODIMP SetGUID(REFGUID key, REFGUID value) override {
-    return fails("SetGUID") ? E_FAIL : Store::SetGUID(key, value);
-  }
-  STDMETHODIMP SetString(REFGUID key, LPCWSTR text) override {
-    return fails("SetString") ? E_FAIL : Store::SetString(key, text);
-  }
-  STDMETHODIMP SetUINT32(REFGUID key, UINT32 value) override {
-    return fails("SetUINT32") ? E_FAIL : Store::SetUINT32(key, value);
-  }
-  STDMETHODIMP SetUnknown(REFGUID key, IUnknown* object) override {
-    return fails("SetUnknown") ? E_FAIL : Store::SetUnknown(key, object);
-  }
+  MAY_FAIL(SetGUID, "SetGUID", (REFGUID key, REFGUID value), key, value)
+  MAY_FAIL(SetString, "SetString", (REFGUID key, LPCWSTR text), key, text)
+  MAY_FAIL(SetUINT32, "SetUINT32", (REFGUID key, UINT32 value), key, value)
+  MAY_FAIL(SetUnknown, "SetUnknown", (REFGUID key, IUnknown* object), key, object)
 };
 
-/// And whatever it reads.
-class FakeMediaType : public FakeAttributes<IMFMediaType> {
- public:
-  STDMETHODIMP GetGUID(REFGUID key, GUID* value) override {
-    return fails("GetGUID") ? E_FAIL : Store::GetGUID(key, value);
-  }
-  STDMETHODIMP GetUINT32(REFGUID key, UINT32* value) override {
-    return fails("stride") ? E_FAIL : Store::GetUINT32(key, value);
-  }
-  STDMETHODIMP GetUINT64(REFGUID key, UINT64* value) override {
-    const bool shape = key == MF_MT_PIXEL_ASPECT_RATIO;
-    return fails(shape ? "pixel aspect ratio" : "GetUINT64") ? E_FAIL : Store::GetUINT64(key, value);
-  }
+/// And what it reads.
+struct FakeMediaType : public FakeAttributes<IMFMediaType> {
+  MAY_FAIL(GetGUID, "GetGUID", (REFGUID key, GUID* value), key, value)
+  MAY_FAIL(GetUINT32, "stride", (REFGUID key, UINT32* value), key, value)
+  MAY_FAIL(GetUINT64, key == MF_MT_PIXEL_ASPECT_RATIO ? "pixel aspect ratio" : "GetUINT64",
+           (REFGUID key, UINT64* value), key, value)
   STDMETHODIMP GetMajorType(GUID*) override { return E_NOTIMPL; }
   STDMETHODIMP IsCompressedFormat(BOOL*) override { return E_NOTIMPL; }
   STDMETHODIMP IsEqual(IMFMediaType*, DWORD*) override { return E_NOTIMPL; }

@@ -41,13 +41,8 @@ void* allocate(std::size_t size, const void* caller, const char* name) {
   if (!isOwn(caller)) return std::malloc(size);
   if (faultPoint.fails(Fault::kMemory, name)) return nullptr;
   void* const block = std::malloc(size);
-  if (block && faultPoint.isArmed() && exchange(nullptr, block)) ++left;
+  if (block && faultPoint.armed != Fault::kNone && faultPoint.pauses == 0 && exchange(nullptr, block)) ++left;
   return block;
-}
-
-void release(void* block) {
-  if (block && left != 0 && exchange(block, nullptr)) --left;
-  std::free(block);
 }
 
 /// An array has its size before it, in a place that keeps it aligned.
@@ -62,10 +57,6 @@ void* allocateArray(std::size_t size, const void* caller, const char* name) {
   return block + kHead;
 }
 
-void* orThrow(void* block) {
-  return block ? block : throw std::bad_alloc();
-}
-
 }  // namespace
 
 void forgetBlocks() {
@@ -77,24 +68,27 @@ int blocksLeft() {
   return left;
 }
 
-void* operator new(std::size_t size) {
-  return orThrow(allocate(size, __builtin_return_address(0), "new"));
-}
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
   return allocate(size, __builtin_return_address(0), "new (nothrow)");
 }
-void* operator new[](std::size_t size) {
-  return orThrow(allocateArray(size, __builtin_return_address(0), "new[]"));
+void* operator new(std::size_t size) {
+  void* const block = allocate(size, __builtin_return_address(0), "new");
+  return block ? block : throw std::bad_alloc();
 }
 void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
   return allocateArray(size, __builtin_return_address(0), "new[] (nothrow)");
 }
+void* operator new[](std::size_t size) {
+  void* const array = allocateArray(size, __builtin_return_address(0), "new[]");
+  return array ? array : throw std::bad_alloc();
+}
 
 void operator delete(void* block) noexcept {
-  release(block);
+  if (block && left != 0 && exchange(block, nullptr)) --left;
+  std::free(block);
 }
 void operator delete(void* block, std::size_t) noexcept {
-  release(block);
+  operator delete(block);
 }
 void operator delete[](void* array) noexcept {
   if (!array) return;
@@ -102,7 +96,7 @@ void operator delete[](void* array) noexcept {
   std::size_t size = 0;
   std::memcpy(&size, block, sizeof(size));
   if (block[kHead + size] != kGuard) ADD_FAILURE() << "written behind an array";
-  release(block);
+  operator delete(block);
 }
 void operator delete[](void* array, std::size_t) noexcept {
   operator delete[](array);
