@@ -19,8 +19,8 @@ class TestWithDeviceHint : public Test {
   [[nodiscard]] TestResult run(TestExecutionContext* context) override {
     const TestResult result = inner.run(context);
     if (result == kTestFailed) {
-      context->getMessageList()->add(hint, 0, 0);
-      context->getProgressReporter()->report(100, hint);
+      if (MessageList* const messages = context->getMessageList()) messages->add(hint, 0, 0);
+      if (ProgressReporter* const reporter = context->getProgressReporter()) reporter->report(100, hint);
     }
     return result;
   }

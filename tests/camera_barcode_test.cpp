@@ -23,7 +23,7 @@ constexpr CameraTest::FailureOutcome kFrameFailures[] = {
 
 }  // namespace
 
-TestResult CameraBarcodeTest::run(TestExecutionContext* context) {
+TestResult CameraBarcodeTest::run(TestExecutionContext* context) try {
   const auto [camera, refusal] = admit(context);
   if (!camera) return refusal;
   auto [capture, result] = start(*camera, context);
@@ -35,6 +35,8 @@ TestResult CameraBarcodeTest::run(TestExecutionContext* context) {
   reportResult(result, context);
   report(context, 100);
   return result;
+} catch (const ServiceGone&) {
+  return kTestNotSupported;
 }
 
 TestResult CameraBarcodeTest::scan(CameraFrameCapturer& capturer, TestExecutionContext* context) {

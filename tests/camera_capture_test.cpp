@@ -26,11 +26,6 @@ std::uint32_t currentTick() {
   return static_cast<std::uint32_t>(get_timer()->now());
 }
 
-void submitMessage(InputRequest& request, TestExecutionContext* context) {
-  request.extra = reinterpret_cast<std::uintptr_t>(context);
-  context->getProgressReporter()->submit(&request);
-}
-
 }  // namespace
 
 bool CameraCaptureTest::configure(TestSettings settings, std::uint64_t) {
@@ -47,7 +42,7 @@ bool CameraCaptureTest::configure(TestSettings settings, std::uint64_t) {
   return true;
 }
 
-TestResult CameraCaptureTest::run(TestExecutionContext* context) {
+TestResult CameraCaptureTest::run(TestExecutionContext* context) try {
   const auto [camera, refusal] = admit(context);
   if (!camera) return refusal;
   report(context, 1);
@@ -61,6 +56,13 @@ TestResult CameraCaptureTest::run(TestExecutionContext* context) {
   if (result == kTestPassed) result = askImageQuestion(context);
   report(context, 100);
   return result;
+} catch (const ServiceGone&) {
+  return kTestNotSupported;
+}
+
+void CameraCaptureTest::submitMessage(InputRequest& request, TestExecutionContext* context) {
+  request.extra = reinterpret_cast<std::uintptr_t>(context);
+  need(context->getProgressReporter()).submit(&request);
 }
 
 bool CameraCaptureTest::isMessageConfirmed(TestExecutionContext* context) {

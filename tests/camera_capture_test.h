@@ -4,6 +4,8 @@
 
 #include "tests/camera_test.h"
 
+class InputRequest;
+
 /// Shows the live picture of a camera and asks the user whether it was right.
 class CameraCaptureTest : public CameraTest {
  public:
@@ -17,6 +19,7 @@ class CameraCaptureTest : public CameraTest {
   [[nodiscard]] virtual TestResult askImageQuestion(TestExecutionContext* context);
 
  private:
+  static void submitMessage(InputRequest& request, TestExecutionContext* context);
   [[nodiscard]] bool isMessageConfirmed(TestExecutionContext* context);
   [[nodiscard]] TestResult showLivePicture(CameraFrameCapturer& capturer, TestExecutionContext* context);
 

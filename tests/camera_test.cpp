@@ -58,7 +58,7 @@ CaptureStatus CameraTest::nextFrame(CameraFrameCapturer& capturer, const FrameFo
 
 std::pair<CameraComponent*, TestResult> CameraTest::admit(TestExecutionContext* context) {
   if (!hasServices(context)) return {nullptr, kTestNotSupported};
-  if (!context->getProgressReporter()->isReady()) return {nullptr, kTestNotPerformed};
+  if (!need(context->getProgressReporter()).isReady()) return {nullptr, kTestNotPerformed};
   report(context, 0);
 
   CameraComponent* const camera = asCamera(context->getComponent());
@@ -95,7 +95,7 @@ std::optional<FrameFormat> CameraTest::readFormat(CameraFrameCapturer& capturer,
 
 bool CameraTest::reportAbortEvent(TestExecutionContext* context) {
   // Only the low 8 bits count.
-  if (!isAbortEvent(static_cast<std::uint8_t>(context->getEventSource()->getEvent()))) return false;
+  if (!isAbortEvent(static_cast<std::uint8_t>(need(context->getEventSource()).getEvent()))) return false;
   reportFinally(context, camera_keys::kTestAbortedByEvent);
   return true;
 }
@@ -108,13 +108,13 @@ bool CameraTest::isInterrupted(TestExecutionContext* context) {
 }
 
 void CameraTest::report(TestExecutionContext* context, int percent) {
-  context->getProgressReporter()->report(percent, {});
+  need(context->getProgressReporter()).report(percent, {});
 }
 
 void CameraTest::reportFinally(TestExecutionContext* context, std::string_view key) {
   const std::string text(key);
-  context->getProgressReporter()->report(100, text);
-  context->getMessageList()->add(text, 0, 0);
+  need(context->getProgressReporter()).report(100, text);
+  need(context->getMessageList()).add(text, 0, 0);
 }
 
 TestResult CameraTest::reportFailure(TestExecutionContext* context, std::span<const FailureOutcome> outcomes,

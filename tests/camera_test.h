@@ -36,6 +36,9 @@ class CameraTest : public Test {
   };
   static constexpr CaptureStatus kAnyOtherFailure = CaptureOk;
 
+  /// Thrown where the context does not yield a service that it yielded before; such a run is not supported.
+  struct ServiceGone {};
+
   /// Waits for a frame, for 5 s at most. On CaptureOk `frame` holds a copy of its own; otherwise it is untouched.
   [[nodiscard]] static CaptureStatus nextFrame(CameraFrameCapturer& capturer, const FrameFormat& format, QImage& frame);
 
@@ -56,6 +59,12 @@ class CameraTest : public Test {
   template <class Wrapper, class Loop>
   [[nodiscard]] static TestResult runDialog(const FrameFormat& format, TestExecutionContext* context, Loop loop);
 
+  /// A service as the context yields it during a run.
+  template <class Service>
+  [[nodiscard]] static Service& need(Service* service) {
+    if (!service) throw ServiceGone();
+    return *service;
+  }
   /// Reports the host's current event if it ends the test, and returns whether it does.
   [[nodiscard]] bool reportAbortEvent(TestExecutionContext* context);
   /// Whether an event or a cancellation of the host ends the test; reports it then.

@@ -14,7 +14,7 @@ TestResult CameraTest::runDialog(const FrameFormat& format, TestExecutionContext
   InputRequest request({}, {}, 1, InputRequest::kDialog, 0);
   request.widget = wrapper.get();
   EndOfRun<Wrapper, &Wrapper::Close> dialog(*wrapper);
-  context->getProgressReporter()->submit(&request);
+  need(context->getProgressReporter()).submit(&request);
   const TestResult result = loop(*wrapper);
   dialog.end();
   return result;

@@ -13,7 +13,6 @@ void* DialogWrapper::qt_metacast(const char* name) {
 }
 
 void DialogWrapper::adopt(PictureDialog& created) {
-  dialog = &created;
   result = kNoAnswer;
   dialogResult = kNoAnswer;
   created.setResult(kNoAnswer);
@@ -22,6 +21,8 @@ void DialogWrapper::adopt(PictureDialog& created) {
   // The share goes with the last of the dialog, which writes to the wrapper until then.
   const auto forget = [this, share = weak_from_this().lock()] { dialog = nullptr; };
   connect(&created, &QObject::destroyed, &created, forget, Qt::DirectConnection);
+  // Not before: a dialog that goes without a word would stay known.
+  dialog = &created;
   connect(this, SIGNAL(UpdateFrame(QImage)), &created, SLOT(LoadFrame(QImage)));
   connect(this, SIGNAL(CloseDialog()), &created, SLOT(close()));
   created.resultTarget = &result;

@@ -2,6 +2,7 @@
 // that are called by their places.
 
 #include <windows.h>
+#include <tlhelp32.h>
 
 #include <algorithm>
 #include <array>
@@ -9,6 +10,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <map>
+#include <set>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -98,11 +100,9 @@ void watch(void* object, const std::string& name) {
   table = &entry.copy[2];
 }
 
-/// With the module's DLL, loaded from where it lies, and the libraries that lie beside it.
-class ModuleContract : public testing::Test {
- protected:
-  void SetUp() override { ASSERT_TRUE(library) << GetLastError(); }
-  ~ModuleContract() override {
+/// The module's DLL, loaded from where it lies, and the libraries that lie beside it.
+struct LoadedModule {
+  ~LoadedModule() {
     if (library) release();
     FreeLibrary(library);
   }
@@ -124,6 +124,27 @@ class ModuleContract : public testing::Test {
   const HMODULE library = LoadLibraryExW(path.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
 };
 
+class ModuleContract : public testing::Test, protected LoadedModule {
+ protected:
+  void SetUp() override { ASSERT_TRUE(library) << GetLastError(); }
+};
+
+/// The libraries that the process has loaded, and how many threads it has.
+std::pair<std::set<std::wstring>, int> processNow() {
+  const HANDLE all = CreateToolhelp32Snapshot(TH32CS_SNAPMODULE | TH32CS_SNAPTHREAD, GetCurrentProcessId());
+  std::pair<std::set<std::wstring>, int> now;
+  MODULEENTRY32W module{};
+  module.dwSize = sizeof(module);
+  for (BOOL more = Module32FirstW(all, &module); more; more = Module32NextW(all, &module))
+    now.first.insert(module.szModule);
+  THREADENTRY32 thread{};
+  thread.dwSize = sizeof(thread);
+  for (BOOL more = Thread32First(all, &thread); more; more = Thread32Next(all, &thread))
+    now.second += thread.th32OwnerProcessID == GetCurrentProcessId();
+  CloseHandle(all);
+  return now;
+}
+
 TEST_F(ModuleContract, TheModuleIsOneObjectUntilReleasedAndIsThenBuiltAnew) {
   release();  // before it was built
   void* const first = instance();
@@ -144,6 +165,24 @@ TEST_F(ModuleContract, TheModuleIsOneObjectUntilReleasedAndIsThenBuiltAnew) {
   EXPECT_THAT(deleted, testing::ElementsAre("resource", "component manager", "capture test", "barcode test",
                                             "diagnostic", "module"));
   EXPECT_EQ(call<NumberedTexts>(resource(), 12), (NumberedTexts{{0, "0 - 1"}, {1, ""}, {2, ""}}));
+}
+
+TEST(UnloadedModule, LeavesNeitherLibrariesNorThreads) {
+  const auto use = [] {
+    LoadedModule module;
+    void* const manager = call<void*>(module.instance(), 5);
+    call<void>(manager, 7);
+    EXPECT_EQ(call<bool>(manager, 5), call<std::size_t>(manager, 3) != 0);
+    EXPECT_EQ((call<std::uint32_t, void*>(module.test(0), 3, nullptr)), 6u);
+    EXPECT_NE(GetModuleHandleW(L"host_style.dll"), nullptr);
+  };
+  use();  // what the system loads for it stays
+  const auto before = processNow();
+  EXPECT_GT(before.first.size(), 5u);
+  use();
+  EXPECT_EQ(processNow(), before);
+  for (const wchar_t* const name : {L"module_camera.dll", L"host_services.dll", L"host_style.dll"})
+    EXPECT_EQ(GetModuleHandleW(name), nullptr) << name;
 }
 
 TEST_F(ModuleContract, ModuleInterface) {

@@ -6,6 +6,7 @@
 #include "standalone/services/module_loader.h"
 #include "standalone/services/string_folder.h"
 #include "standalone/services/thread_starter.h"
+#include "unit_tests/fakes/fault_rounds.h"
 
 namespace {
 
@@ -25,6 +26,8 @@ class FakeTimerService : public TimerService {
       std::this_thread::yield();
       return;
     }
+    faultPoint.answer("sleep", 0, Fault::kNone, 0);
+    const FaultPause pause;
     services.sleeps.push_back(milliseconds);
     services.ticks += milliseconds;
     if (services.onSleep) services.onSleep(milliseconds);
@@ -69,6 +72,7 @@ class FakeThreadService : public ThreadStarter {
   void create(std::uint64_t* handle, std::uint64_t extra, void (*entry)(void*), void* argument,
               const char* name) override {
     ThreadStarter::create(handle, extra, entry, argument, name);
+    const FaultPause pause;
     lastThread = *handle;
     fakeHostServices().lastThreadName = extra == 0 ? name : "";
     ++fakeHostServices().threadsCreated;
@@ -78,6 +82,7 @@ class FakeThreadService : public ThreadStarter {
     ++fakeHostServices().threadsWaitedFor;
   }
   void setPriority(std::uint64_t handle, int value) override {
+    const FaultPause pause;
     fakeHostServices().priorities.push_back(handle == lastThread ? value : -1);
   }
 
@@ -88,7 +93,9 @@ class FakeThreadService : public ThreadStarter {
 class FakeModuleService : public ModuleLoader {
  public:
   void* load(const char* fileName, int mode) override {
+    const FaultPause pause;
     fakeHostServices().loadedNames.push_back(fileName);
+    if (faultPoint.fails(Fault::kSystem, "dpi")) return nullptr;
     void* const library = mode == 1 ? ModuleLoader::load(fileName, mode) : nullptr;
     if (library) ++fakeHostServices().librariesOpen;
     return library;

@@ -12,6 +12,7 @@
 
 #include "standalone/virtual_camera/media_source/attribute_store.h"
 #include "unit_tests/fakes/fake_com_object.h"
+#include "unit_tests/fakes/fault_rounds.h"
 #include "unit_tests/fakes/system_script.h"
 
 using Microsoft::WRL::ComPtr;
@@ -21,7 +22,8 @@ namespace {
 /// Blocks that the scripted calls handed out, and their kinds.
 auto& handedOut = *new std::map<const void*, std::string>;
 
-void handOut(const void* block, const std::string& kind) {
+void handOut(const void* block, const char* kind) {
+  const FaultPause pause;
   handedOut[block] = kind;
   systemScript().acquire(kind);
 }
@@ -71,6 +73,7 @@ SUBSTITUTE_IMPORT(void, CoUninitialize, ()) {
 }
 
 SUBSTITUTE_IMPORT(void, CoTaskMemFree, (LPVOID block)) {
+  const FaultPause pause;
   if (const auto freed = handedOut.extract(block)) {
     systemScript().note(freed.mapped() + " freed");
     systemScript().release(freed.mapped());
@@ -106,6 +109,7 @@ HRESULT WINAPI MFEnumDeviceSources(IMFAttributes* attributes, IMFActivate*** sou
       wanted != MF_DEVSOURCE_ATTRIBUTE_SOURCE_TYPE_VIDCAP_GUID) {
     return E_INVALIDARG;
   }
+  const FaultPause pause;
   const auto& links = scriptedMediaFoundation().links;
   *count = static_cast<UINT32>(links.size());
   *sources = static_cast<IMFActivate**>(CoTaskMemAlloc((links.size() + 1) * sizeof(IMFActivate*)));

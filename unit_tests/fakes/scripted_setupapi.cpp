@@ -8,6 +8,7 @@
 #include <cstring>
 #include <set>
 
+#include "unit_tests/fakes/fault_rounds.h"
 #include "unit_tests/fakes/system_script.h"
 
 extern "C" WINSETUPAPI BOOL WINAPI SetupDiGetDeviceInterfacePropertyW(HDEVINFO, PSP_DEVICE_INTERFACE_DATA,
@@ -76,6 +77,7 @@ const std::wstring& idOf(DEVINST instance) {
 
 SUBSTITUTE_IMPORT(HDEVINFO, SetupDiGetClassDevsW,
                   (const GUID* devicesClass, PCWSTR enumerator, HWND window, DWORD flags)) {
+  const FaultPause pause;
   scriptedSetupApi().openings.emplace_back(devicesClass ? *devicesClass : GUID{}, flags);
   if (systemScript().fails("SetupDiGetClassDevsW") || enumerator || window) {
     SetLastError(ERROR_ACCESS_DENIED);
@@ -157,6 +159,7 @@ SUBSTITUTE_IMPORT(BOOL, SetupDiGetDeviceRegistryPropertyW,
 SUBSTITUTE_IMPORT(BOOL, SetupDiGetDeviceInterfacePropertyW,
                   (HDEVINFO set, PSP_DEVICE_INTERFACE_DATA data, const DEVPROPKEY* key, DEVPROPTYPE* type, PBYTE buffer,
                    DWORD size, PDWORD required, DWORD flags)) {
+  const FaultPause pause;
   if (!accepts("SetupDiGetDeviceInterfacePropertyW", set, data)) return FALSE;
   const ScriptedInterface& entry = interfaceOf(*data);
   if (flags != 0 || !entry.name || key->fmtid != kNameKey.fmtid || key->pid != kNameKey.pid)
@@ -190,6 +193,7 @@ SUBSTITUTE_IMPORT(CONFIGRET, CM_Get_Device_IDW, (DEVINST instance, PWSTR buffer,
 
 SUBSTITUTE_IMPORT(LSTATUS, RegGetValueW,
                   (HKEY root, LPCWSTR key, LPCWSTR name, DWORD flags, LPDWORD, PVOID buffer, LPDWORD bytes)) {
+  const FaultPause pause;
   if (systemScript().fails("RegGetValueW")) return ERROR_ACCESS_DENIED;
   const auto text = scriptedSetupApi().registryTexts.find({key, name});
   if (root != HKEY_LOCAL_MACHINE || text == scriptedSetupApi().registryTexts.end()) return ERROR_FILE_NOT_FOUND;

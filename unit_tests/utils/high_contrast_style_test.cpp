@@ -6,22 +6,33 @@
 #include <QPushButton>
 #include <QTemporaryDir>
 
+#include <map>
 #include <memory>
 #include <string>
+#include <tuple>
 #include <utility>
 
 #include <gmock/gmock.h>
 
+#include "module/style_manager.h"
+#include "unit_tests/fakes/fake_host_services.h"
 #include "unit_tests/fakes/fake_platform.h"
+#include "unit_tests/fakes/fault_rounds.h"
+#include "utils/accessibility/accessible_dialog_base.h"
 #include "utils/accessibility/recolored_icons.h"
 #include "utils/accessibility/style_sheet.h"
 #include "utils/event_filters/high_contrast_event_filter.h"
+#include "utils/platform/display_scale_table.h"
 #include "utils/platform/folder_path.h"
+#include "utils/platform/narrator.h"
 
 using namespace vexa::utils::accessibility;
 using testing::HasSubstr;
 using testing::Not;
 using vexa::utils::event_filters::HighContrastEventFilter;
+using vexa::utils::platform::DisplayScaleTable;
+using vexa::utils::platform::IsNarratorRunning;
+using vexa::utils::style_manager::StyleManager;
 
 namespace {
 
@@ -86,6 +97,9 @@ class HighContrastStyleTest : public testing::Test {
   std::string style(const QString& hostSheet) {
     return highContrastStyleSheet(hostSheet, HighContrastEventFilter(nullptr).ReadSystemColors(), icons).toStdString();
   }
+  static QString temporaryFolder() {
+    return QString::fromStdWString(vexa::utils::platform::GetFolderPath(vexa::utils::platform::kTemporaryFolder));
+  }
   static std::string color(int number) { return fakeSystemColor(number).name().toStdString(); }
 
   QTemporaryDir folder;
@@ -141,17 +155,15 @@ TEST_F(HighContrastStyleTest, AButtonsIconFollowsItsStates) {
 
 TEST_F(HighContrastStyleTest, IconsAreFilesThatGoWithTheirOwner) {
   const QString icon = folder.filePath(QStringLiteral("icon.svg"));
-  const QString temporary =
-      QString::fromStdWString(vexa::utils::platform::GetFolderPath(vexa::utils::platform::kTemporaryFolder));
   auto owned = std::make_unique<RecoloredIcons>(nullptr);
   const std::string path = owned->path(icon, Qt::red).toStdString();
   EXPECT_THAT(path, testing::AllOf(HasSubstr("/icon_"), testing::EndsWith(".svg")));
   EXPECT_EQ(path, owned->path(icon, Qt::red).toStdString()) << "made once";
   EXPECT_NE(path, owned->path(icon, Qt::blue).toStdString());
   EXPECT_THAT(owned->path(write(".svg", kIcon), Qt::red).toStdString(), HasSubstr("/temp_svg_"));
-  EXPECT_EQ(QDir(temporary).entryList(QDir::Files).size(), 3);
+  EXPECT_EQ(QDir(temporaryFolder()).entryList(QDir::Files).size(), 3);
   owned.reset();
-  EXPECT_TRUE(QDir(temporary).isEmpty());
+  EXPECT_TRUE(QDir(temporaryFolder()).isEmpty());
 }
 
 TEST_F(HighContrastStyleTest, AStepWhoseIconCannotBeMadeGetsABorderOfItsOwn) {
@@ -169,6 +181,47 @@ TEST_F(HighContrastStyleTest, AStepWhoseIconCannotBeMadeGetsABorderOfItsOwn) {
   EXPECT_TRUE(hasBorder("no.svg"));
   fakePlatform().programData = icon;  // a file: no folder can be made below it
   EXPECT_TRUE(hasBorder(write("other.svg", kIcon)));
+}
+
+/// What the system says of the user, his screen and the folder for the icons, and the memory of the module's own code.
+TEST_F(HighContrastStyleTest, WhateverFailsADialogDoesWithoutItAndLeavesNothingBehind) {
+  const QString host = QStringLiteral("QLabel#a { image: url(%1/icon.svg) }").arg(folder.path());
+  using Looks = std::tuple<bool, bool, bool, double>;
+  const std::map<std::string, Looks> expected = {{"", {true, true, true, 2}},
+                                                 {"awareness", {true, true, true, 2}},
+                                                 {"high contrast", {false, true, true, 2}},
+                                                 {"screen reader", {true, false, true, 2}},
+                                                 {"folder", {true, true, false, 2}},
+                                                 {"dpi", {true, true, true, 1}},
+                                                 {"others", {true, true, true, 2}},
+                                                 // The list of monitors, which is caught.
+                                                 {"new", {true, true, true, 1}}};
+  FaultRounds rounds;
+  rounds.forEach({Fault::kSystem, Fault::kMemory}, [&] {
+    resetFakeHostServices();
+    fakePlatform() = {.narratorRuns = true, .highContrast = true, .monitorDpi = 192, .programData = folder.path()};
+    Looks looks;
+    const auto make = [&] {
+      const AccessibleDialogBase dialog(nullptr);
+      std::get<0>(looks) = dialog.styleSheet() != StyleManager::instance().Stylesheet();
+      std::get<1>(looks) = IsNarratorRunning();
+      RecoloredIcons own(nullptr);
+      const HighContrastEventFilter filter(nullptr);
+      std::get<2>(looks) = highContrastStyleSheet(host, filter.ReadSystemColors(), own).contains(u"svg");
+      std::get<3>(looks) = DisplayScaleTable().ScaleFactor(0);
+    };
+    const bool finished = rounds.attempt(make);
+    EXPECT_TRUE(finished || rounds.kind == Fault::kMemory);
+    // A fault that lasts meets more than one of them.
+    if (finished && (!rounds.lasts || rounds.name.empty())) {
+      EXPECT_EQ(looks, expected.at(rounds.name));
+    }
+    EXPECT_TRUE(QDir(temporaryFolder()).isEmpty());
+    EXPECT_EQ(fakeHostServices().librariesOpen, 0);
+    EXPECT_FALSE(sendNativeMessage("windows_generic_MSG", 794)) << "no filter is left";
+    make();
+    EXPECT_EQ(looks, expected.at(""));
+  });
 }
 
 }  // namespace

@@ -60,8 +60,8 @@ RecoloredIcons::RecoloredIcons(QObject* parent) : QObject(parent) {}
 
 QString RecoloredIcons::path(const QString& source, const QColor& color) {
   const QString key = source + color.name();
-  const auto known = made.constFind(key);
-  return known != made.constEnd() ? *known : *made.insert(key, make(source, color));
+  const auto known = made.find(key);
+  return known != made.end() ? known->second : made.emplace(key, make(source, color)).first->second;
 }
 
 QString RecoloredIcons::make(const QString& source, const QColor& color) {

@@ -2,9 +2,10 @@
 
 #include <QByteArray>
 #include <QColor>
-#include <QHash>
 #include <QObject>
 #include <QString>
+
+#include <map>
 
 namespace vexa::utils::accessibility {
 
@@ -26,8 +27,8 @@ class RecoloredIcons : public QObject {
  private:
   [[nodiscard]] QString make(const QString& source, const QColor& color);
 
-  /// By source and colour.
-  QHash<QString, QString> made;
+  /// By source and colour. Not a QHash: its insertions end the process where there is no memory.
+  std::map<QString, QString> made;
 };
 
 }  // namespace vexa::utils::accessibility
