@@ -21,7 +21,7 @@ void DialogWrapper::adopt(PictureDialog& created) {
   // The share goes with the last of the dialog, which writes to the wrapper until then.
   const auto forget = [this, share = weak_from_this().lock()] { dialog = nullptr; };
   connect(&created, &QObject::destroyed, &created, forget, Qt::DirectConnection);
-  // Not before: a dialog that goes without a word would stay known.
+  // Only now: without that connection nothing would reset the pointer when the dialog goes.
   dialog = &created;
   connect(this, SIGNAL(UpdateFrame(QImage)), &created, SLOT(LoadFrame(QImage)));
   connect(this, SIGNAL(CloseDialog()), &created, SLOT(close()));

@@ -5,6 +5,7 @@
 
 #include <QSemaphore>
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <set>
@@ -34,6 +35,11 @@ constexpr HRESULT kInvalidated = static_cast<HRESULT>(0xC00D3EA2);
 const auto kFails = [] { return E_FAIL; };
 
 using Capturer = ComPtr<WinCameraFrameCapturer>;
+
+void waitUntil(const std::function<bool()>& isSo) {
+  for (int wait = 0; wait < 5000 && !isSo(); ++wait) Sleep(1);
+  EXPECT_TRUE(isSo());
+}
 
 class WinCameraFrameCapturerTest : public testing::Test {
  protected:
@@ -71,7 +77,7 @@ class WinCameraFrameCapturerTest : public testing::Test {
   /// Starts the capture and waits for the first read.
   void startReading() {
     ASSERT_EQ(capturer->start(), CaptureOk);
-    while (scriptedCapture().reads == 0) Sleep(1);
+    waitUntil([] { return scriptedCapture().reads != 0; });
   }
 
   void push(HRESULT hr, DWORD flags, const ComPtr<IMFSample>& sample) {
@@ -285,9 +291,9 @@ TEST_F(WinCameraFrameCapturerTest, WhateverFailsIsReportedAndLeavesNothingBehind
     rounds.attempt([&] {
       note([&] { return capturer->start(); });
       const bool started = run == "0";
-      while (started && scriptedCapture().reads == 0) Sleep(1);
+      if (started) waitUntil([] { return scriptedCapture().reads != 0; });
       // The worker goes with a first read that fails, yet a driver may still call.
-      while (started && scriptedCapture().readFailed && scriptedCapture().sessions != 0) Sleep(1);
+      if (started) waitUntil([] { return !scriptedCapture().readFailed || scriptedCapture().sessions == 0; });
       for (const Bytes& bytes : frames) {
         capturer->OnReadSample(S_OK, 0, 0, 0, makeSample(bytes).Get());
         note([&] { return frameStatus(); });

@@ -41,7 +41,7 @@ void* allocate(std::size_t size, const void* caller, const char* name) {
   if (!isOwn(caller)) return std::malloc(size);
   if (faultPoint.fails(Fault::kMemory, name)) return nullptr;
   void* const block = std::malloc(size);
-  if (block && faultPoint.armed != Fault::kNone && faultPoint.pauses == 0 && exchange(nullptr, block)) ++left;
+  if (block && faultPoint.armed != Fault::kNone && memoryPauses == 0 && exchange(nullptr, block)) ++left;
   return block;
 }
 

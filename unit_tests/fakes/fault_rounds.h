@@ -14,11 +14,14 @@
 /// dialog is not shown.
 enum class Fault { kNone, kSystem, kMemory, kThrown, kNull, kStatus, kCancelled, kEvent, kNoDialog };
 
+/// While not 0, no memory that this thread allocates fails or is counted.
+inline constinit thread_local int memoryPauses = 0;
+
 /// Where fakes ask whether their call is the one that fails. One for the program, for any thread; allocates nothing.
 struct FaultPoint {
   /// Whether the caller's operation fails; `name` is a literal.
   bool fails(Fault kind, const char* name) {
-    if (kind == Fault::kNone || kind != armed || (kind == Fault::kMemory && pauses != 0)) return false;
+    if (kind == Fault::kNone || kind != armed || (kind == Fault::kMemory && memoryPauses != 0)) return false;
     const int number = ++asked;
     if (number == failing) failed = name;
     return number == failing || (lasts && number > failing);
@@ -36,15 +39,13 @@ struct FaultPoint {
   std::atomic<int> asked = 0;
   /// What failed first; empty when nothing did.
   std::atomic<const char*> failed = "";
-  /// While not 0, memory does not fail and is not counted.
-  std::atomic<int> pauses = 0;
 };
 inline constinit FaultPoint faultPoint;
 
 /// For what a fake does for itself: its memory never fails.
 struct FaultPause {
-  FaultPause() { ++faultPoint.pauses; }
-  ~FaultPause() { --faultPoint.pauses; }
+  FaultPause() { ++memoryPauses; }
+  ~FaultPause() { --memoryPauses; }
   FaultPause(const FaultPause&) = delete;
   FaultPause& operator=(const FaultPause&) = delete;
 };

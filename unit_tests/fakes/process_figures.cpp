@@ -39,10 +39,12 @@ ProcessFigures processFigures() {
   const HANDLE process = GetCurrentProcess();
   PROCESS_MEMORY_COUNTERS memory{};
   GetProcessMemoryInfo(process, &memory, sizeof memory);
-  // Wine takes the low half of a handle for all of it: that of a GDI object here, that of anybody's window below.
-  const long long gdiObjects = countValid<HGDIOBJ>(1, 1, GetObjectType);
-  const long long windows = countValid<HWND>(2, 2, IsWindow);
-  return {static_cast<long long>(memory.PagefileUsage / 1024), countHandles(),
-          gdiObjects + GetGuiResources(process, GR_GDIOBJECTS), windows + GetGuiResources(process, GR_USEROBJECTS),
-          countThreads()};
+  DWORD handles = 0;
+  GetProcessHandleCount(process, &handles);
+  const DWORD gdiObjects = GetGuiResources(process, GR_GDIOBJECTS);
+  const DWORD userObjects = GetGuiResources(process, GR_USEROBJECTS);
+  // Wine takes the low half of a handle for all of it; the windows are anybody's.
+  return {static_cast<long long>(memory.PagefileUsage / 1024), handles ? handles : countHandles(),
+          gdiObjects ? gdiObjects : countValid<HGDIOBJ>(1, 1, GetObjectType),
+          userObjects ? userObjects : countValid<HWND>(2, 2, IsWindow), countThreads()};
 }

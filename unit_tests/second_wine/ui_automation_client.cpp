@@ -61,6 +61,7 @@ class FocusListener : public IUIAutomationFocusChangedEventHandler {
 
   /// Where the focus is after Tab; empty when nothing is told.
   std::string pressTab() {
+    ResetEvent(isTold);
     for (const DWORD flags : {DWORD{0}, DWORD{KEYEVENTF_KEYUP}}) keybd_event(VK_TAB, 0, flags, 0);
     return WaitForSingleObject(isTold, kPatienceMs) == WAIT_OBJECT_0 ? place : std::string();
   }
